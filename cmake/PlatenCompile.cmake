@@ -1,0 +1,21 @@
+# How every target of the project is compiled: platen_compile is linked privately by all of them.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(platen_compile INTERFACE)
+target_compile_options(platen_compile INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wundef
+    -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+# File offsets of 64 bits on 32-bit machines too, so that large files open there.
+target_compile_definitions(platen_compile INTERFACE _FILE_OFFSET_BITS=64)
+
+if(PLATEN_SANITIZE)
+    add_compile_options(-fsanitize=${PLATEN_SANITIZE} -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${PLATEN_SANITIZE})
+endif()
