@@ -1,0 +1,17 @@
+#pragma once
+
+/// The Win32 names that the floors above are written in: the system's own on Windows, the ground
+/// floor's elsewhere. This header alone decides which.
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+#else
+#include <platen/platform/win32/files.h>
+#include <platen/platform/win32/memory.h>
+#include <platen/platform/win32/types.h>
+#endif

@@ -1,0 +1,178 @@
+#include <platen/platform/win32/files.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstdint>
+#include <limits>
+#include <new>
+
+#include <platen/platform/win32/file_windows.h>
+
+namespace {
+
+using platen::win32::FileWindows;
+
+struct OpenFile {
+    off_t position = 0;
+    FileWindows windows;
+};
+
+constexpr UINT kFailed = static_cast<UINT>(HFILE_ERROR);
+
+/// The open files by descriptor, which is the handle. Shelves are added as descriptors rise and
+/// stay; looking a handle up takes no lock.
+class OpenFiles {
+  public:
+    static constexpr std::size_t kShelf = 1024;
+    static constexpr std::size_t kShelves = 1024;
+
+    OpenFile* Find(HFILE file) {
+        std::atomic<OpenFile*>* place = Place(file, false);
+        return place == nullptr ? nullptr : place->load(std::memory_order_acquire);
+    }
+
+    bool Add(HFILE file, OpenFile* state) {
+        std::atomic<OpenFile*>* place = Place(file, true);
+        if (place == nullptr) {
+            return false;
+        }
+        place->store(state, std::memory_order_release);
+        return true;
+    }
+
+    OpenFile* Take(HFILE file) {
+        std::atomic<OpenFile*>* place = Place(file, false);
+        return place == nullptr ? nullptr : place->exchange(nullptr);
+    }
+
+  private:
+    using Shelf = std::array<std::atomic<OpenFile*>, kShelf>;
+
+    std::atomic<OpenFile*>* Place(HFILE file, bool create) {
+        if (file < 0 || static_cast<std::size_t>(file) >= kShelf * kShelves) {
+            return nullptr;
+        }
+        const auto index = static_cast<std::size_t>(file);
+        std::atomic<Shelf*>& slot = m_shelves[index / kShelf];
+        Shelf* shelf = slot.load(std::memory_order_acquire);
+        if (shelf == nullptr && create) {
+            shelf = AddShelf(slot);
+        }
+        return shelf == nullptr ? nullptr : &(*shelf)[index % kShelf];
+    }
+
+    static Shelf* AddShelf(std::atomic<Shelf*>& slot) {
+        auto* fresh = new (std::nothrow) Shelf{};
+        Shelf* current = nullptr;
+        if (fresh == nullptr || slot.compare_exchange_strong(current, fresh)) {
+            return fresh;
+        }
+        delete fresh;
+        return current;
+    }
+
+    std::array<std::atomic<Shelf*>, kShelves> m_shelves{};
+};
+
+constinit OpenFiles g_files;
+
+/// O_NONBLOCK keeps an open of a pipe without a writer from waiting; it changes nothing for files.
+HFILE Open(LPCSTR name, int flags, mode_t permissions) {
+    if (name == nullptr) {
+        return HFILE_ERROR;
+    }
+    const int descriptor = open(name, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, permissions);
+    if (descriptor < 0) {
+        return HFILE_ERROR;
+    }
+    auto* state = new (std::nothrow) OpenFile;
+    if (state == nullptr || !g_files.Add(descriptor, state)) {
+        delete state;
+        close(descriptor);
+        return HFILE_ERROR;
+    }
+    return descriptor;
+}
+
+}  // namespace
+
+HFILE _lcreat(LPCSTR name, int attribute) {
+    const mode_t permissions = (attribute & FILE_ATTRIBUTE_READONLY) != 0 ? 0444 : 0666;
+    return Open(name, O_RDWR | O_CREAT | O_TRUNC, permissions);
+}
+
+HFILE _lopen(LPCSTR name, int mode) {
+    constexpr std::array<int, 3> kAccess = {O_RDONLY, O_WRONLY, O_RDWR};
+    const auto access = static_cast<std::size_t>(mode & 3);
+    return access < kAccess.size() ? Open(name, kAccess[access], 0) : HFILE_ERROR;
+}
+
+UINT _lread(HFILE file, LPVOID buffer, UINT count) {
+    OpenFile* state = g_files.Find(file);
+    if (state == nullptr) {
+        return kFailed;
+    }
+    const ssize_t got = state->windows.Read(file, state->position, buffer, count);
+    if (got < 0) {
+        return kFailed;
+    }
+    state->position += got;
+    return static_cast<UINT>(got);
+}
+
+UINT _lwrite(HFILE file, LPCSTR buffer, UINT count) {
+    OpenFile* state = g_files.Find(file);
+    if (state == nullptr) {
+        return kFailed;
+    }
+    ssize_t put = 0;
+    do {
+        put = pwrite(file, buffer, count, state->position);
+    } while (put < 0 && errno == EINTR);
+    if (put < 0) {
+        return kFailed;
+    }
+    state->windows.Drop(state->position, static_cast<std::size_t>(put));
+    state->position += put;
+    return static_cast<UINT>(put);
+}
+
+LONG _llseek(HFILE file, LONG offset, int origin) {
+    OpenFile* state = g_files.Find(file);
+    if (state == nullptr) {
+        return HFILE_ERROR;
+    }
+    std::int64_t base = 0;
+    if (origin == 1) {
+        base = state->position;
+    } else if (origin == 2) {
+        state->windows.DropAll();
+        base = lseek(file, 0, SEEK_END);
+        if (base < 0) {
+            return HFILE_ERROR;
+        }
+    } else if (origin != 0) {
+        return HFILE_ERROR;
+    }
+    const std::int64_t target = base + offset;
+    if (target < 0 || target > std::numeric_limits<LONG>::max()) {
+        return HFILE_ERROR;
+    }
+    state->position = target;
+    return static_cast<LONG>(target);
+}
+
+BOOL CloseHandle(HANDLE file) {
+    const auto descriptor = static_cast<HFILE>(reinterpret_cast<std::intptr_t>(file));
+    OpenFile* state = g_files.Take(descriptor);
+    if (state == nullptr) {
+        return FALSE;
+    }
+    delete state;
+    return close(descriptor) == 0 ? TRUE : FALSE;
+}
