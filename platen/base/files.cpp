@@ -1,0 +1,71 @@
+#include <platen/base/files.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr LONG kReadWrite = 0x02;
+constexpr LONG kLargestTransfer = 0x7FFFFFFF;
+
+void* FromPlatform(HFILE file) {
+    return reinterpret_cast<void*>(static_cast<std::intptr_t>(file));
+}
+
+HFILE ToPlatform(void* file) {
+    return static_cast<HFILE>(reinterpret_cast<std::intptr_t>(file));
+}
+
+/// Moves `count` bytes in pieces that the platform takes. `piece` transfers at an offset into the
+/// buffer. A failure after some bytes went through counts those bytes.
+template <typename Piece>
+LONG Transfer(LONG count, Piece piece) {
+    LONG total = 0;
+    while (total < count) {
+        const auto moved =
+            static_cast<LONG>(piece(total, std::min(count - total, kLargestTransfer)));
+        if (moved <= 0) {
+            return total > 0 ? total : moved;
+        }
+        total += moved;
+    }
+    return total;
+}
+
+}  // namespace
+
+void* FILE_creat(const char* name, LONG attribute) {
+    return FromPlatform(_lcreat(name, attribute));
+}
+
+void* FILE_open(const char* name, LONG mode, LONG* attribute) {
+    const HFILE file = _lopen(name, mode);
+    if (attribute != nullptr) {
+        *attribute = file == HFILE_ERROR ? -1 : mode & kReadWrite;
+    }
+    return FromPlatform(file);
+}
+
+LONG FILE_read(void* file, void* buffer, LONG count) {
+    return Transfer(count, [&](LONG offset, LONG size) {
+        return _lread(ToPlatform(file), static_cast<char*>(buffer) + offset,
+                      static_cast<UINT>(size));
+    });
+}
+
+LONG FILE_write(void* file, const void* buffer, LONG count) {
+    return Transfer(count, [&](LONG offset, LONG size) {
+        return _lwrite(ToPlatform(file), static_cast<const char*>(buffer) + offset,
+                       static_cast<UINT>(size));
+    });
+}
+
+void* FILE_close(void* file) {
+    if (file != FILE_none()) {
+        CloseHandle(file);
+    }
+    return FILE_none();
+}
+
+LONG FILE_lseek(void* file, LONG offset, LONG origin) {
+    return _llseek(ToPlatform(file), offset, origin);
+}
