@@ -1,0 +1,119 @@
+#include <algorithm>
+#include <cstring>
+
+#include <platen/tiff/Tiff.h>
+#include <platen/tiff/blocks.h>
+#include <platen/tiff/byte_order.h>
+#include <platen/tiff/entry_words.h>
+
+using platen::tiff::NewBlock;
+
+namespace {
+
+constexpr Rational kNoRational = {0xFFFFFFFF, 0xFFFFFFFF};
+constexpr std::uint32_t kTextInEntry = 4;
+
+}  // namespace
+
+/// The raw block of an entry's values, `extra` zero bytes behind them; null and status -4 when it
+/// cannot be had.
+std::uint8_t* Tiff::FetchBlock(void* file, const TiffIFDEntryStruct& entry,
+                               std::uint32_t elementSize, std::uint32_t extra) {
+    const std::uint64_t size = std::uint64_t{entry.Count} * elementSize + extra;
+    std::uint8_t* block = nullptr;
+    if (BlockFits(size) && SpendBytes(size)) {
+        block = CreateBLOCK(file, static_cast<std::int32_t>(entry.ValueOffset),
+                            static_cast<long>(size));
+    }
+    if (block == nullptr) {
+        m_Status = -4;
+    }
+    return block;
+}
+
+short Tiff::GetWORD(void* /*file*/, const TiffIFDEntryStruct& entry) {
+    return static_cast<short>(entry.ValueOffset);
+}
+
+long Tiff::GetLONG(void* /*file*/, const TiffIFDEntryStruct& entry) {
+    return static_cast<std::int32_t>(entry.ValueOffset);
+}
+
+std::uint16_t* Tiff::GetWORDArray(void* file, const TiffIFDEntryStruct& entry) {
+    if (entry.Count == 1 || entry.Count == 2) {
+        auto* values = NewBlock<std::uint16_t>(entry.Count);
+        if (values == nullptr) {
+            m_Status = -4;
+            return nullptr;
+        }
+        std::uint16_t words[2];
+        platen::tiff::UnpackWords(entry, Order(), words);
+        std::copy_n(words, entry.Count, values);
+        return values;
+    }
+    auto* values = reinterpret_cast<std::uint16_t*>(FetchBlock(file, entry, sizeof(std::uint16_t)));
+    if (values != nullptr && m_Format != TIFF_INTEL) {
+        std::for_each(values, values + entry.Count,
+                      [&](std::uint16_t& value) { value = SwapSHORT(value, Order()); });
+    }
+    return values;
+}
+
+std::uint32_t* Tiff::GetLONGArray(void* file, const TiffIFDEntryStruct& entry) {
+    if (entry.Count == 1) {
+        auto* value = NewBlock<std::uint32_t>(1);
+        if (value == nullptr) {
+            m_Status = -4;
+            return nullptr;
+        }
+        *value = entry.ValueOffset;
+        return value;
+    }
+    auto* values = reinterpret_cast<std::uint32_t*>(FetchBlock(file, entry, sizeof(std::uint32_t)));
+    if (values != nullptr && m_Format != TIFF_INTEL) {
+        std::for_each(values, values + entry.Count, [&](std::uint32_t& value) {
+            value = platen::tiff::SwapLONG(value, Order());
+        });
+    }
+    return values;
+}
+
+Rational Tiff::GetRATIONAL(void* file, const TiffIFDEntryStruct& entry) {
+    std::uint8_t* block = FetchBlock(file, entry, sizeof(Rational));
+    if (block == nullptr) {
+        return kNoRational;
+    }
+    Rational first;
+    std::memcpy(&first, block, sizeof(first));
+    DeleteBLOCK(block);
+    return platen::tiff::SwapRATIONAL(first, Order());
+}
+
+Rational* Tiff::GetRATIONALArray(void* file, const TiffIFDEntryStruct& entry) {
+    auto* values = reinterpret_cast<Rational*>(FetchBlock(file, entry, sizeof(Rational)));
+    if (values != nullptr && m_Format != TIFF_INTEL) {
+        std::for_each(values, values + entry.Count,
+                      [&](Rational& value) { platen::tiff::SwapRATIONAL(value, Order()); });
+    }
+    return values;
+}
+
+char* Tiff::GetASCII(void* file, const TiffIFDEntryStruct& entry) {
+    if (entry.Count == 0) {
+        return nullptr;
+    }
+    if (entry.Count > kTextInEntry) {
+        return reinterpret_cast<char*>(FetchBlock(file, entry, 1, 1));
+    }
+    auto* text = NewBlock<char>(entry.Count);
+    if (text == nullptr) {
+        m_Status = -4;
+        return nullptr;
+    }
+    // The rest of the block is zero, the last byte of it always.
+    char characters[kTextInEntry];
+    std::memcpy(characters, &entry.ValueOffset, sizeof(characters));
+    const char* end = std::find(characters, characters + entry.Count - 1, '\0');
+    std::copy(static_cast<const char*>(characters), end, text);
+    return text;
+}

@@ -1,0 +1,161 @@
+#include <algorithm>
+
+#include <platen/tiff/Tiff.h>
+#include <platen/tiff/blocks.h>
+#include <platen/tiff/entry_words.h>
+#include <platen/tiff/tag_table.h>
+
+namespace platen::tiff {
+namespace {
+
+/// What the report shows of a stored entry: `held` elements at `values`, or just the entry.
+struct Stored {
+    const void* values = nullptr;
+    std::uint32_t held = 0;
+    bool reported = true;
+};
+
+/// Fetches an entry's value and stores it in the record, by kind.
+struct EntryParser {
+    Tiff& tiff;
+    void* file;
+    TiffIFDEntryStruct& entry;
+    Record& record;
+
+    Stored operator()(const WordField& field) const {
+        record.*field.value = static_cast<std::uint16_t>(tiff.GetWORD(file, entry));
+        return {};
+    }
+
+    Stored operator()(const LongField& field) const {
+        record.*field.value = static_cast<std::uint32_t>(tiff.GetLONG(file, entry));
+        return {};
+    }
+
+    /// A SHORT is widened with its sign.
+    Stored operator()(const SizeField& field) const {
+        record.*field.value = entry.Type == TIFF_SHORT
+                                  ? tiff.GetWORD(file, entry)
+                                  : static_cast<std::int32_t>(tiff.GetLONG(file, entry));
+        return {};
+    }
+
+    Stored operator()(const RationalField& field) const {
+        record.*field.value = tiff.GetRATIONAL(file, entry);
+        return {&(record.*field.value), 1};
+    }
+
+    Stored operator()(const TextField& field) const {
+        return Replace(record.*field.text, tiff.GetASCII(file, entry));
+    }
+
+    Stored operator()(const WordArrayField& field) const {
+        record.*field.count = entry.Count;
+        return Replace(record.*field.values, tiff.GetWORDArray(file, entry));
+    }
+
+    Stored operator()(const OffsetArrayField& field) const {
+        return entry.Type == TIFF_SHORT
+                   ? Replace(record.*field.shorts, tiff.GetWORDArray(file, entry))
+                   : Replace(record.*field.longs, tiff.GetLONGArray(file, entry));
+    }
+
+    /// Both values stand in the entry. An entry that carries one gives that and 0.
+    Stored operator()(const WordPairField& field) const {
+        UnpackWords(entry, static_cast<std::uint16_t>(tiff.getFormat()), record.*field.values);
+        return {record.*field.values, 2};
+    }
+
+    template <std::size_t N>
+    Stored operator()(const RationalGroupField<N>& field) const {
+        Rational* values = tiff.GetRATIONALArray(file, entry);
+        if (values != nullptr) {
+            std::copy_n(values, std::min<std::uint32_t>(entry.Count, N), record.*field.values);
+            ReleaseBlock(values);
+        }
+        return {record.*field.values, N};
+    }
+
+    Stored operator()(const ColorTableField& field) const;
+
+    Stored operator()(const BlockSlot& /*field*/) const { return {nullptr, 0, false}; }
+    Stored operator()(const LongSlot& /*field*/) const { return {nullptr, 0, false}; }
+
+  private:
+    /// A second entry of the same tag replaces the block that the first one stored.
+    template <typename T>
+    Stored Replace(T*& block, T* fetched) const {
+        ReleaseBlock(block);
+        block = fetched;
+        return {block, entry.Count};
+    }
+};
+
+constexpr std::uint32_t kColorTableUsed = 17;
+constexpr std::uint32_t kImpliedColorTable = 16;
+
+/// A table without values stands for the inverse scale from MinSampleValue to MaxSampleValue.
+void SynthesiseColorTable(Record& record, std::uint16_t* table) {
+    table[0] = record.MinSampleValue;
+    for (std::uint32_t i = 1; i < kColorTableUsed; ++i) {
+        table[i] = static_cast<std::uint16_t>(record.MaxSampleValue / (kColorTableUsed - i));
+    }
+}
+
+Stored EntryParser::operator()(const ColorTableField& field) const {
+    const bool implied = entry.Count == 0;
+    if (implied) {
+        entry.Count = kImpliedColorTable;
+    } else {
+        record.*field.offset = entry.ValueOffset;
+        record.*field.count = entry.Count;
+    }
+    std::uint16_t* values = tiff.GetWORDArray(file, entry);
+    if (values == nullptr) {
+        return {nullptr, 0, false};
+    }
+    std::uint16_t* table = record.*field.values;
+    if (implied) {
+        record.*field.offset = 0;
+        SynthesiseColorTable(record, table);
+    } else {
+        std::copy_n(values, std::min(entry.Count, kColorTableUsed), table);
+    }
+    ReleaseBlock(values);
+    return {table, static_cast<std::uint32_t>(std::size(record.*field.values))};
+}
+
+/// Offsets and byte counts note their count whatever the entry's type.
+void NoteCount(const TagRow& row, const TiffIFDEntryStruct& entry, Record& record) {
+    if (const auto* offsets = std::get_if<OffsetArrayField>(&row.field)) {
+        record.*(offsets->count) = entry.Count;
+    }
+}
+
+}  // namespace
+}  // namespace platen::tiff
+
+long Tiff::ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) {
+    TiffIFDStdDirStruct* record = RecordAt(dir);
+    if (record == nullptr) {
+        return Fail(-4);
+    }
+    const platen::tiff::TagRow* row = platen::tiff::FindTag(entry.Tag);
+    if (row == nullptr) {
+        return ParseIFDCustomDir(file, entry, dir);
+    }
+    platen::tiff::NoteCount(*row, entry, *record);
+    if (row->Accepts(entry.Type)) {
+        const platen::tiff::Stored stored =
+            std::visit(platen::tiff::EntryParser{*this, file, entry, *record}, row->field);
+        if (stored.reported) {
+            DumpAppendIFD(row->reportLabel, entry, stored.values, stored.held);
+        }
+    }
+    return 1;
+}
+
+long Tiff::ParseIFDCustomDir(void* /*file*/, TiffIFDEntryStruct& entry, short /*dir*/) {
+    DumpAppendIFD("Private/Unknown", entry, nullptr, 0);
+    return 1;
+}

@@ -1,0 +1,143 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <variant>
+
+#include <platen/tiff/records.h>
+
+/// Everything that is known of a tag: one row a tag, in ascending order. Parsing, initialising,
+/// releasing, reporting, tag access, writing and listing are walks over these rows.
+namespace platen::tiff {
+
+using Record = TiffIFDStdDirStruct;
+
+/// A 16-bit number. `initial` is a fresh record's value, `absent` the one that is not written.
+struct WordField {
+    std::uint16_t Record::*value;
+    std::uint16_t initial;
+    std::uint16_t absent;
+
+    constexpr WordField(std::uint16_t Record::*member, std::uint16_t none)
+        : value(member), initial(none), absent(none) {}
+    constexpr WordField(std::uint16_t Record::*member, std::uint16_t fresh, std::uint16_t none)
+        : value(member), initial(fresh), absent(none) {}
+};
+
+/// A 32-bit number.
+struct LongField {
+    std::uint32_t Record::*value;
+    std::uint32_t absent;
+};
+
+/// A number of pixels, 0 when absent.
+struct SizeField {
+    std::int32_t Record::*value;
+    bool zeroedOnRelease;
+};
+
+struct RationalField {
+    Rational Record::*value;
+};
+
+struct TextField {
+    char* Record::*text;
+};
+
+/// A block of 16-bit numbers.
+struct WordArrayField {
+    std::uint16_t* Record::*values;
+    std::uint32_t Record::*count;
+};
+
+/// Offsets or byte counts, held in the width that the file gave them.
+struct OffsetArrayField {
+    std::uint16_t* Record::*shorts;
+    std::uint32_t* Record::*longs;
+    std::uint32_t Record::*count;
+};
+
+/// Two 16-bit numbers inside the record.
+struct WordPairField {
+    std::uint16_t (Record::*values)[2];
+};
+
+/// `N` fractions inside the record.
+template <std::size_t N>
+struct RationalGroupField {
+    Rational (Record::*values)[N];
+};
+
+/// The colour table of the XK flavour.
+struct ColorTableField {
+    std::uint16_t (Record::*values)[18];
+    std::uint32_t Record::*offset;
+    std::uint32_t Record::*count;
+};
+
+/// Slots that nothing reads or writes.
+struct BlockSlot {
+    std::uint32_t* Record::*block;
+};
+struct LongSlot {
+    std::uint32_t Record::*value;
+};
+
+/// A row's kind is its alternative.
+using Field = std::variant<WordField, LongField, SizeField, RationalField, TextField,
+                           WordArrayField, OffsetArrayField, WordPairField, RationalGroupField<2>,
+                           RationalGroupField<6>, ColorTableField, BlockSlot, LongSlot>;
+
+/// The word for a coded value.
+struct Word {
+    std::uint32_t value;
+    const char* text;
+};
+
+/// How the listing shows a value, where the kind leaves a choice.
+enum class Style : std::uint8_t {
+    ByKind,
+    Coded,          ///< number and word
+    CodedUnsigned,  ///< the same, a 16-bit number without its sign
+    CodedTight,     ///< the same, without padding; the word goes by the low 16 bits
+    Plain,
+    PlainUnsigned,
+    Wide,    ///< padded to 10
+    Padded,  ///< a text padded to 10
+    Count,   ///< an array's number of elements
+    Bits     ///< an array's elements, then "Bits"
+};
+
+struct TagRow {
+    std::uint16_t tag;
+    std::uint16_t accepted;  ///< bit per field type that the parser takes
+    std::uint16_t written;   ///< field type written, 0 for tags that are never written
+    Style style;
+    const char* name;          ///< as TIFF 6.0 names it
+    const char* reportLabel;   ///< null: no line
+    const char* listingLabel;  ///< null: no line
+    Field field;
+    std::span<const Word> words;
+
+    [[nodiscard]] constexpr bool Accepts(std::uint16_t type) const {
+        return type < 16 && (accepted >> type & 1U) != 0;
+    }
+};
+
+inline constexpr std::size_t kTagCount = 59;
+
+/// All rows, in ascending order of their tags.
+extern const std::array<TagRow, kTagCount> kTags;
+
+/// The row of a tag, or null.
+const TagRow* FindTag(std::uint16_t tag);
+
+/// A record at defaults.
+extern const Record kFreshRecord;
+
+/// Releases every block of a record, storing null, and zeroes what stands for an absent tag there.
+void ReleaseRecord(Record& record);
+
+}  // namespace platen::tiff
