@@ -1,0 +1,31 @@
+# Headers, both libraries, the CMake package and the pkg-config files.
+include(CMakePackageConfigHelpers)
+
+foreach(header IN LISTS PLATEN_PUBLIC_HEADERS)
+    cmake_path(GET header PARENT_PATH folder)
+    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
+endforeach()
+
+install(TARGETS platen platen_core EXPORT platenTargets)
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/platen)
+install(EXPORT platenTargets NAMESPACE platen:: DESTINATION ${package_folder})
+file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/platenConfig.cmake
+    "include(\"\${CMAKE_CURRENT_LIST_DIR}/platenTargets.cmake\")\n")
+write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/platenConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+install(FILES
+    ${CMAKE_CURRENT_BINARY_DIR}/platenConfig.cmake
+    ${CMAKE_CURRENT_BINARY_DIR}/platenConfigVersion.cmake
+    DESTINATION ${package_folder})
+
+# platen_pkg_config(NAME LIBRARY DESCRIPTION)
+function(platen_pkg_config name library description)
+    file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/package.pc.in
+        ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc @ONLY)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endfunction()
+
+platen_pkg_config(platen platen "${PROJECT_DESCRIPTION}")
+platen_pkg_config(platen-core platen_core "The TIFF engine and base services of platen, static")
