@@ -1,0 +1,4 @@
+/* A program that does nothing. */
+int main(void) {
+    return 0;
+}
