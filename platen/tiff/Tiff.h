@@ -154,6 +154,71 @@ class PLATEN_API Tiff : public CObject {
     [[nodiscard]] short GetXKoldIFDDir() const;
     /// @}
 
+    /// \name Tag access
+    /// The tags are those that the parser knows, without 288, 289 and 330; others, and an index
+    /// outside the records, do nothing. No status is stored.
+    /// @{
+    /// Copies a tag's value out. `count` receives the number of values, a text's with its
+    /// terminating zero; 0 when there is none. `out`, which may be null, must hold that many
+    /// 16-bit numbers, 32-bit numbers, pairs of them, or bytes: offsets and byte counts are given
+    /// as 32-bit numbers, ColorTable as its first 16 slots. Without records `count` stays.
+    void getTAG(std::uint16_t tag, void* out, std::int32_t& count, short dir) const;
+    /// Replaces a tag's value by a copy. `value` is a single number itself, otherwise the address
+    /// of `count` values in the caller's memory (17 for ColorTable, two for PageNumber, the group's
+    /// fractions for WhitePoint and PrimaryChromaticities). Count 0 empties an array or a text, and
+    /// so does one that is negative or does not fit in memory.
+    void setTAG(std::uint16_t tag, std::intptr_t value, std::int32_t count, short dir);
+    /// @}
+
+    /// \name Writing
+    /// A directory is written only when NewSubfileType or SubfileType is set, and none is when
+    /// directory 0 is an old-form XK directory. `format` is TIFF_INTEL or TIFF_MOTOROLA; for
+    /// another word the header's mark is that word and values are as for TIFF_MOTOROLA. Writing
+    /// relocates the records' first strip offsets. Each step stores a status of its own, so that
+    /// the last one's remains: compare the file when it matters, or use TiffCopy.
+    /// @{
+    /// Writes a file whose image data is zero. The status, or -1 (status 0) when the file could not
+    /// be created.
+    long WriteNew(const char* name, short format);
+    /// Writes a file with the image data of the file read last, which must still be open: one block
+    /// a directory from its first strip on, 16-bit pixels taken as little-endian. Refused with -1
+    /// (status 0), and nothing is touched, when `name` is the file being read.
+    long WriteCopy(const char* name, short format);
+    /// The layout: relocates first strip offsets and fills the records' writer fields.
+    void WriteSetupStructs();
+    long WriteHeader(void* file, short format);
+    long Write1stOffset(void* file, short format);
+    long WriteBlankOffset(void* file, short format);
+    /// Does nothing; always 1.
+    long WriteFullOffset(void* file, short format);
+    /// Reserves every directory at the end of the file.
+    long WriteBlankIFD(void* file, short format);
+    /// Fills every reserved directory; long values go to the end of the file.
+    long WriteFullIFD(void* file, short format);
+    /// Appends each directory's image, copied from the file read last. 1, or -4 when there was no
+    /// memory for a buffer, and then zeros stand in the image's place.
+    long WriteDATA(void* file, short format);
+    /// Appends each directory's image size in zero bytes; 1 or -4.
+    long WriteDATA(void* file);
+    /// Moves `file` to where the directory's image was read: 0, or 1 for an index outside.
+    long WriteSeek2Data(void* file, short dir);
+    /// The number of entries of a directory; leaves status -6.
+    long WriteGetIFDNum(short dir);
+    /// Writes the entries of a record one after another from the file position on, long values at
+    /// the end of the file, and answers their number; with the handle -1 it only counts. `print`
+    /// prints the directory's listing on standard output.
+    short WriteIFDStdDir(void* file, short format, short dir, int print);
+    /// Writes one entry at the file position, and its values, if they do not fit, at the end of the
+    /// file. `value` is the number itself for one SHORT or LONG, otherwise an address. 1, or -6 for
+    /// the handle -1.
+    long WriteIFDEntry(void* file, short tag, short type, std::int32_t count, std::intptr_t value,
+                       short format);
+    /// The same as setFormat.
+    void WriteSetFormat(short format) { setFormat(format); }
+    /// Does nothing; always 1.
+    long WriteUserData(short dir, void* data);
+    /// @}
+
     /// \name Report
     /// A plain text of what `Read` met, with "\r\n" line ends, gathered while switched on.
     /// @{
@@ -202,6 +267,17 @@ class PLATEN_API Tiff : public CObject {
     [[nodiscard]] bool BlockFits(std::uint64_t size) const;
     std::uint8_t* FetchBlock(void* file, const TiffIFDEntryStruct& entry, std::uint32_t elementSize,
                              std::uint32_t extra = 0);
+
+    template <typename DataWriter>
+    long WriteFile(const char* name, short format, DataWriter writeData);
+    template <typename Visit>
+    void ForEachWritten(Visit visit) const;
+    template <typename Visit>
+    void ForEachDataArea(Visit visit) const;
+    long WriteWord(void* file, const void* bytes, std::int32_t size);
+    bool WriteChained(void* file, std::uint16_t order, const TiffIFDStdDirStruct& record,
+                      short dir);
+    [[nodiscard]] short OldFormBehind(short dir) const;
 
     void DumpAppend(std::string_view line);
     template <typename Write>

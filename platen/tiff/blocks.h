@@ -1,22 +1,64 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <limits>
+#include <type_traits>
 
-/// Blocks of the general heap: what the fetchers give and the records own.
+/// Blocks of the general heap: what the fetchers give and the records own. A block carries its size
+/// before its first byte, since a record's count may speak of another entry than its block: a
+/// rejected or failed entry leaves its count behind.
 namespace platen::tiff {
+
+namespace detail {
+
+struct alignas(std::max_align_t) BlockHeader {
+    std::size_t bytes;
+};
+
+template <typename T>
+auto* HeaderOf(T* block) {
+    using Header = std::conditional_t<std::is_const_v<T>, const BlockHeader, BlockHeader>;
+    return reinterpret_cast<Header*>(block) - 1;
+}
+
+}  // namespace detail
 
 /// A new zero-filled block of `count` elements, or null.
 template <typename T>
 T* NewBlock(std::size_t count) {
-    return static_cast<T*>(std::calloc(count, sizeof(T)));
+    constexpr std::size_t kMost = std::numeric_limits<std::ptrdiff_t>::max() / 2;
+    if (count > kMost / sizeof(T)) {
+        return nullptr;
+    }
+    const std::size_t bytes = count * sizeof(T);
+    void* memory = std::calloc(1, sizeof(detail::BlockHeader) + bytes);
+    if (memory == nullptr) {
+        return nullptr;
+    }
+    auto* header = static_cast<detail::BlockHeader*>(memory);
+    header->bytes = bytes;
+    return reinterpret_cast<T*>(header + 1);
 }
 
 /// Releases a block, which may be null, and stores null.
 template <typename T>
 void ReleaseBlock(T*& block) {
-    std::free(block);
-    block = nullptr;
+    if (block != nullptr) {
+        std::free(detail::HeaderOf(block));
+        block = nullptr;
+    }
+}
+
+/// How many of `count` elements a block really holds; 0 for null and for a negative count.
+template <typename T>
+std::uint32_t HeldElements(T* block, std::uint32_t count) {
+    if (block == nullptr || static_cast<std::int32_t>(count) < 0) {
+        return 0;
+    }
+    const std::size_t held = detail::HeaderOf(block)->bytes / sizeof(T);
+    return held < count ? static_cast<std::uint32_t>(held) : count;
 }
 
 }  // namespace platen::tiff

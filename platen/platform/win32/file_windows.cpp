@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::size_t kSmallest = 4096;
 constexpr std::size_t kLargest = 65536;
+/// From here on a second copy costs more than a call.
+constexpr std::size_t kDirect = 16384;
 
 ssize_t ReadAt(int descriptor, void* buffer, std::size_t count, off_t position) {
     ssize_t got = 0;
@@ -46,7 +48,7 @@ ssize_t FileWindows::Read(int descriptor, off_t position, void* buffer, std::siz
     while (done < count) {
         const off_t at = position + static_cast<off_t>(done);
         Window* window = Find(at);
-        if (window == nullptr && count - done >= kLargest) {
+        if (window == nullptr && count - done >= kDirect) {
             const ssize_t got = ReadAt(descriptor, out + done, count - done, at);
             if (got <= 0) {
                 return done > 0 ? static_cast<ssize_t>(done) : got;

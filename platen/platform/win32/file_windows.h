@@ -11,7 +11,7 @@ namespace platen::win32 {
 /// The windows through which one open file is read: up to four aligned pieces of it, kept until
 /// they are dropped or the least recently used makes room. A first look at a place costs 4 KiB; a
 /// walk that goes on beside a window, forwards or backwards, is served in doubling pieces up to
-/// 64 KiB. Reads of 64 KiB and more pass the windows by.
+/// 64 KiB. Reads of 16 KiB and more pass the windows by.
 class FileWindows {
   public:
     FileWindows() = default;

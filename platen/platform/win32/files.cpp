@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <array>
@@ -21,6 +22,10 @@ struct OpenFile {
     off_t position = 0;
     FileWindows windows;
 };
+
+HFILE DescriptorOf(HANDLE file) {
+    return static_cast<HFILE>(reinterpret_cast<std::intptr_t>(file));
+}
 
 constexpr UINT kFailed = static_cast<UINT>(HFILE_ERROR);
 
@@ -167,8 +172,23 @@ LONG _llseek(HFILE file, LONG offset, int origin) {
     return static_cast<LONG>(target);
 }
 
+BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* information) {
+    struct stat status = {};
+    const HFILE descriptor = DescriptorOf(file);
+    if (g_files.Find(descriptor) == nullptr || fstat(descriptor, &status) != 0) {
+        return FALSE;
+    }
+    // The number of a device does not fit a serial number whole; major and minor do not collide.
+    const std::uint64_t index = status.st_ino;
+    information->dwVolumeSerialNumber =
+        static_cast<DWORD>(major(status.st_dev) << 20U ^ minor(status.st_dev));
+    information->nFileIndexHigh = static_cast<DWORD>(index >> 32U);
+    information->nFileIndexLow = static_cast<DWORD>(index);
+    return TRUE;
+}
+
 BOOL CloseHandle(HANDLE file) {
-    const auto descriptor = static_cast<HFILE>(reinterpret_cast<std::intptr_t>(file));
+    const HFILE descriptor = DescriptorOf(file);
     OpenFile* state = g_files.Take(descriptor);
     if (state == nullptr) {
         return FALSE;

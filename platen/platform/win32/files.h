@@ -20,6 +20,13 @@ inline constexpr int OF_WRITE = 1;
 inline constexpr int OF_READWRITE = 2;
 inline constexpr int FILE_ATTRIBUTE_READONLY = 1;
 
+/// What tells one file from another: two handles are of the same file when volume and index agree.
+struct BY_HANDLE_FILE_INFORMATION {
+    DWORD dwVolumeSerialNumber;
+    DWORD nFileIndexHigh;
+    DWORD nFileIndexLow;
+};
+
 extern "C" {
 /// Creates or truncates a file and opens it for reading and writing; -1 on failure. The attribute
 /// FILE_ATTRIBUTE_READONLY makes a new file one that later opens cannot write.
@@ -34,6 +41,8 @@ PLATEN_API UINT _lread(HFILE file, LPVOID buffer, UINT count);
 PLATEN_API UINT _lwrite(HFILE file, LPCSTR buffer, UINT count);
 /// Moves the position; origin 0 start, 1 position, 2 end. The new position, or -1.
 PLATEN_API LONG _llseek(HFILE file, LONG offset, int origin);
+/// Tells which file a handle is of; FALSE when it names no open file.
+PLATEN_API BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* information);
 /// Closes a file handle, given as a HANDLE; FALSE when it names no open file.
 PLATEN_API BOOL CloseHandle(HANDLE file);
 }

@@ -1,0 +1,104 @@
+#include <platen/tiff/entry_encoder.h>
+
+#include <cstring>
+
+#include <platen/tiff/byte_order.h>
+
+namespace platen::tiff {
+namespace {
+
+constexpr std::int32_t kTextInEntry = 4;
+
+template <typename T>
+void SwapAll(void* target, const void* source, std::size_t count, T (*swap)(T, std::uint16_t),
+             std::uint16_t order) {
+    auto* to = static_cast<std::uint8_t*>(target);
+    const auto* from = static_cast<const std::uint8_t*>(source);
+    for (std::size_t i = 0; i < count; ++i) {
+        T element;
+        std::memcpy(&element, from + i * sizeof(T), sizeof(T));
+        element = swap(element, order);
+        std::memcpy(to + i * sizeof(T), &element, sizeof(T));
+    }
+}
+
+/// Where the values of a type and count stand.
+enum class Place : std::uint8_t { Nowhere, Number, InEntry, Behind };
+
+struct Placement {
+    Place place = Place::Nowhere;
+    std::size_t elementSize = 1;
+    std::size_t elementsEach = 1;  ///< elements a value is made of
+};
+
+/// A count of 0 or less gives an entry whose value bytes are zero.
+Placement PlacementOf(const EntryValue& value) {
+    switch (value.type) {
+        case TIFF_ASCII:
+            return {value.count > kTextInEntry ? Place::Behind : Place::InEntry, 1};
+        case TIFF_SHORT:
+            return {value.count <= 1   ? Place::Number
+                    : value.count == 2 ? Place::InEntry
+                                       : Place::Behind,
+                    2};
+        case TIFF_LONG:
+            return {value.count <= 1 ? Place::Number : Place::Behind, 4};
+        case TIFF_RATIONAL:
+            return {value.count > 0 ? Place::Behind : Place::Nowhere, 4, 2};
+        default:
+            return {};
+    }
+}
+
+/// One number at the start of the value field, in either byte order.
+std::uint32_t NumberField(std::intptr_t value, std::size_t elementSize, std::uint16_t order) {
+    return elementSize == 2 ? SwapSHORT(static_cast<std::uint16_t>(value), order)
+                            : SwapLONG(static_cast<std::uint32_t>(value), order);
+}
+
+}  // namespace
+
+EncodedEntry EncodeEntry(const EntryValue& value, std::uint32_t offset, std::uint16_t order) {
+    const Placement placement = PlacementOf(value);
+    EncodedEntry encoded;
+    encoded.written = placement.place != Place::Nowhere;
+    encoded.entry.Tag = SwapSHORT(value.tag, order);
+    encoded.entry.Type = SwapSHORT(value.type, order);
+    encoded.entry.Count = SwapLONG(static_cast<std::uint32_t>(value.count), order);
+    const void* values = reinterpret_cast<const void*>(value.value);
+    const std::size_t count = value.count > 0 ? static_cast<std::size_t>(value.count) : 0;
+    switch (placement.place) {
+        case Place::Number:
+            encoded.entry.ValueOffset =
+                value.count == 1 ? NumberField(value.value, placement.elementSize, order) : 0;
+            break;
+        case Place::InEntry:
+            if (count > 0) {
+                ConvertElements(&encoded.entry.ValueOffset, values, count, placement.elementSize,
+                                order);
+            }
+            break;
+        case Place::Behind:
+            encoded.entry.ValueOffset = SwapLONG(offset, order);
+            encoded.values = values;
+            encoded.elements = count * placement.elementsEach;
+            encoded.elementSize = placement.elementSize;
+            break;
+        case Place::Nowhere:
+            break;
+    }
+    return encoded;
+}
+
+void ConvertElements(void* target, const void* source, std::size_t count, std::size_t elementSize,
+                     std::uint16_t order) {
+    if (order == TIFF_INTEL || elementSize == 1) {
+        std::memcpy(target, source, count * elementSize);
+    } else if (elementSize == 2) {
+        SwapAll<std::uint16_t>(target, source, count, &SwapSHORT, order);
+    } else {
+        SwapAll<std::uint32_t>(target, source, count, &SwapLONG, order);
+    }
+}
+
+}  // namespace platen::tiff

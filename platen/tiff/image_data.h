@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+#include <platen/tiff/records.h>
+
+namespace platen::tiff {
+
+/// Whole bytes a pixel takes; 0 when it takes less than one, or without BitsPerSample.
+std::int64_t BytesPerPixel(const TiffIFDStdDirStruct& record);
+
+/// Bytes of the data area that a directory gets. 0 for a size that is not positive, and for one
+/// that ends beyond the positions of a file when the area starts at `position`.
+std::int64_t DataSize(const TiffIFDStdDirStruct& record, std::int64_t position);
+
+/// Whether the layout relocates the record's first strip offset.
+bool IsRelocated(const TiffIFDStdDirStruct& record);
+
+/// Where the first data area starts.
+inline constexpr std::int64_t kFirstDataOffset = 8;
+
+}  // namespace platen::tiff

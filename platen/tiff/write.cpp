@@ -1,0 +1,232 @@
+#include <array>
+#include <cstring>
+
+#include <platen/base/files.h>
+#include <platen/base/same_file.h>
+#include <platen/tiff/Tiff.h>
+#include <platen/tiff/byte_order.h>
+#include <platen/tiff/directory_walk.h>
+#include <platen/tiff/entry_writer.h>
+#include <platen/tiff/image_data.h>
+#include <platen/tiff/listing.h>
+#include <platen/tiff/write_walk.h>
+
+namespace {
+
+using Record = TiffIFDStdDirStruct;
+
+constexpr LONG kOpenForWriting = 0x8301;
+constexpr std::uint16_t kVersion = 42;
+constexpr std::uint32_t kEntrySize = 12;
+constexpr std::uint32_t kCountSize = 2;
+constexpr std::uint32_t kLinkSize = 4;
+/// A directory holds the entries of at most two records.
+constexpr std::size_t kMostEntries = 2 * platen::tiff::kTagCount;
+
+std::uint16_t OrderOf(short format) {
+    return static_cast<std::uint16_t>(format);
+}
+
+}  // namespace
+
+/// The steps run whatever the earlier ones reported; the last status is the answer.
+template <typename DataWriter>
+long Tiff::WriteFile(const char* name, short format, DataWriter writeData) {
+    void* file = FILE_creat(name, 0);
+    if (file != FILE_none()) {
+        FILE_close(file);
+        file = FILE_open(name, kOpenForWriting, nullptr);
+    }
+    if (file == FILE_none()) {
+        m_Status = 0;
+        return -1;
+    }
+    WriteSetupStructs();
+    WriteHeader(file, format);
+    Write1stOffset(file, format);
+    writeData(file);
+    WriteBlankIFD(file, format);
+    WriteFullIFD(file, format);
+    FILE_close(file);
+    return m_Status;
+}
+
+long Tiff::WriteNew(const char* name, short format) {
+    return WriteFile(name, format, [this](void* file) { WriteDATA(file); });
+}
+
+long Tiff::WriteCopy(const char* name, short format) {
+    // Creating the output would truncate the image data before it is copied.
+    if (IsSameFile(m_hFile, name)) {
+        m_Status = 0;
+        return -1;
+    }
+    return WriteFile(name, format, [this, format](void* file) { WriteDATA(file, format); });
+}
+
+void Tiff::WriteSetupStructs() {
+    std::int64_t position = platen::tiff::kFirstDataOffset;
+    ForEachDataArea([&](short dir, std::int64_t size) {
+        Record& record = m_StdDir[dir];
+        if (platen::tiff::IsRelocated(record)) {
+            record.ReadDataOffset = *record.StripOffsetsLong;
+            *record.StripOffsetsLong = static_cast<std::uint32_t>(position);
+        }
+        position += size;
+    });
+    std::uint32_t link = 4;
+    auto start = static_cast<std::uint32_t>(position);
+    ForEachWritten([&](short dir) {
+        Record& record = m_StdDir[dir];
+        record.WriteNumEntries = static_cast<std::uint16_t>(WriteGetIFDNum(dir));
+        record.WriteLinkOffset = link;
+        record.WriteIFDOffset = start;
+        start += kCountSize + kEntrySize * record.WriteNumEntries + kLinkSize;
+        link = start - kLinkSize;
+        return true;
+    });
+}
+
+/// Writes bytes whose outcome is looked at: 1, or -3 when nothing went through.
+long Tiff::WriteWord(void* file, const void* bytes, std::int32_t size) {
+    m_Status = FILE_write(file, bytes, size) > 0 ? 1 : -3;
+    return m_Status;
+}
+
+long Tiff::WriteHeader(void* file, short format) {
+    const std::uint16_t header[2] = {OrderOf(format), SwapSHORT(kVersion, OrderOf(format))};
+    return WriteWord(file, header, sizeof(header));
+}
+
+long Tiff::Write1stOffset(void* file, short format) {
+    const std::uint32_t first = m_StdDir == nullptr ? 0 : m_StdDir->WriteIFDOffset;
+    const std::uint32_t offset = platen::tiff::SwapLONG(first, OrderOf(format));
+    return WriteWord(file, &offset, sizeof(offset));
+}
+
+long Tiff::WriteBlankOffset(void* file, short /*format*/) {
+    constexpr std::uint32_t kNoOffset = 0;
+    return WriteWord(file, &kNoOffset, sizeof(kNoOffset));
+}
+
+long Tiff::WriteFullOffset(void* /*file*/, short /*format*/) {
+    return 1;
+}
+
+long Tiff::WriteUserData(short /*dir*/, void* /*data*/) {
+    return 1;
+}
+
+/// Count, placeholders and link of a directory go out in one write.
+long Tiff::WriteBlankIFD(void* file, short format) {
+    const TiffIFDEntryStruct blank = {0, SwapSHORT(TIFF_LONG, OrderOf(format)),
+                                      platen::tiff::SwapLONG(1, OrderOf(format)), 0};
+    FILE_lseek(file, 0, 2);
+    bool failed = false;
+    ForEachWritten([&](short dir) {
+        const auto entries = static_cast<std::size_t>(WriteGetIFDNum(dir));
+        const std::size_t link = kCountSize + kEntrySize * entries;
+        std::array<std::uint8_t, kCountSize + kEntrySize * kMostEntries + kLinkSize> bytes{};
+        for (std::size_t i = 0; i < entries; ++i) {
+            std::memcpy(bytes.data() + kCountSize + i * kEntrySize, &blank, kEntrySize);
+        }
+        const auto size = static_cast<LONG>(link + kLinkSize);
+        failed = FILE_write(file, bytes.data(), size) < static_cast<LONG>(link);
+        return !failed;
+    });
+    return failed ? Fail(-3) : WriteBlankOffset(file, format);
+}
+
+long Tiff::WriteFullIFD(void* file, short format) {
+    ForEachWritten(
+        [&](short dir) { return WriteChained(file, OrderOf(format), m_StdDir[dir], dir); });
+    return m_Status;
+}
+
+/// Writes a directory and the link that leads to it; false when the chain ends here. Link, count
+/// and entries go out together where they lie together, which is in every directory but the first.
+bool Tiff::WriteChained(void* file, std::uint16_t order, const TiffIFDStdDirStruct& record,
+                        short dir) {
+    const std::uint32_t link = platen::tiff::SwapLONG(record.WriteIFDOffset, order);
+    const bool together = record.WriteLinkOffset + kLinkSize == record.WriteIFDOffset;
+    FILE_lseek(file, static_cast<LONG>(record.WriteLinkOffset), 0);
+    if (!together) {
+        if (WriteWord(file, &link, kLinkSize) != 1 || record.WriteIFDOffset == 0) {
+            return false;
+        }
+        FILE_lseek(file, static_cast<LONG>(record.WriteIFDOffset), 0);
+    }
+    platen::tiff::EntryWriter writer(file, order);
+    if (together) {
+        writer.AddPrefix(&link, sizeof(link));
+    }
+    const std::uint16_t count = SwapSHORT(static_cast<std::uint16_t>(WriteGetIFDNum(dir)), order);
+    writer.AddPrefix(&count, sizeof(count));
+    const auto add = [&writer](const platen::tiff::TagRow& /*row*/,
+                               const platen::tiff::EntryValue& value) { writer.AddEntry(value); };
+    platen::tiff::WalkEntries(record, add);
+    const short old = OldFormBehind(dir);
+    if (old >= 0) {
+        platen::tiff::WalkEntries(m_StdDir[old], add);
+    }
+    m_Status = writer.Finish() ? 1 : -3;
+    return m_Status == 1;
+}
+
+/// The old-form XK directory whose entries stand in directory 0 behind its own, or -1.
+short Tiff::OldFormBehind(short dir) const {
+    return dir == 0 ? GetXKoldIFDDir() : static_cast<short>(-1);
+}
+
+long Tiff::WriteGetIFDNum(short dir) {
+    short count = WriteIFDStdDir(FILE_none(), 0, dir, 0);
+    const short old = OldFormBehind(dir);
+    if (old >= 0) {
+        count = static_cast<short>(count + WriteIFDStdDir(FILE_none(), 0, old, 0));
+    }
+    return count;
+}
+
+short Tiff::WriteIFDStdDir(void* file, short format, short dir, int print) {
+    const Record* record = RecordAt(dir);
+    if (record == nullptr) {
+        return 0;
+    }
+    const bool counting = file == FILE_none();
+    std::optional<platen::tiff::EntryWriter> writer;
+    if (!counting) {
+        writer.emplace(file, OrderOf(format));
+    }
+    if (print != 0) {
+        platen::tiff::PrintListingHeader(m_FileName, m_FileSize, m_Format);
+    }
+    const std::int16_t count = platen::tiff::WalkEntries(
+        *record, [&](const platen::tiff::TagRow& row, const platen::tiff::EntryValue& value) {
+            if (writer) {
+                writer->AddEntry(value);
+            }
+            if (print != 0) {
+                platen::tiff::PrintListingLine(row, *record);
+            }
+        });
+    if (writer) {
+        writer->Finish();
+    }
+    if (count > 0) {
+        m_Status = counting ? -6 : 1;
+    }
+    return count;
+}
+
+long Tiff::WriteIFDEntry(void* file, short tag, short type, std::int32_t count, std::intptr_t value,
+                         short format) {
+    if (file == FILE_none()) {
+        return Fail(-6);
+    }
+    platen::tiff::EntryWriter writer(file, OrderOf(format));
+    writer.AddEntry(
+        {static_cast<std::uint16_t>(tag), static_cast<std::uint16_t>(type), count, value});
+    writer.Finish();
+    m_Status = 1;
+    return m_Status;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <platen/tiff/Tiff.h>
+#include <platen/tiff/image_data.h>
+
+/// The walks over the written directories, shared by the layout, the passes and the data writers.
+
+/// `visit(dir)` answers whether to go on.
+template <typename Visit>
+void Tiff::ForEachWritten(Visit visit) const {
+    if (IsTIFFClassXKold(0) == 1) {
+        return;
+    }
+    for (short dir = 0; m_StdDir != nullptr && dir < m_NumIFDStdDir; ++dir) {
+        const TiffIFDStdDirStruct& record = m_StdDir[dir];
+        const bool written = record.NewSubfileType != 0xFFFFFFFF || record.SubfileType != 0xFFFF;
+        if (written && !visit(dir)) {
+            return;
+        }
+    }
+}
+
+/// `visit(dir, size)` is handed the bytes of each directory's data area, which lie back to back.
+template <typename Visit>
+void Tiff::ForEachDataArea(Visit visit) const {
+    std::int64_t position = platen::tiff::kFirstDataOffset;
+    ForEachWritten([&](short dir) {
+        const std::int64_t size = platen::tiff::DataSize(m_StdDir[dir], position);
+        visit(dir, size);
+        position += size;
+        return true;
+    });
+}
