@@ -1,0 +1,69 @@
+#include <csignal>
+#include <exception>
+#include <sstream>
+
+#include "commands.h"
+#include "messages.h"
+#include "output.h"
+
+namespace platen::tool {
+namespace {
+
+/// One line of what is wrong, and where help is to be had. CLI11 would only miss a subcommand where
+/// a word was taken for none.
+std::string UsageMessage(const CLI::App* program, const CLI::Error& error) {
+    std::string command = program->get_name();
+    std::string wrong = error.what();
+    const std::vector<CLI::App*> subcommands = program->get_subcommands();
+    if (!subcommands.empty()) {
+        command += " " + subcommands.front()->get_name();
+    } else if (program->remaining_size() != 0) {
+        wrong = "Neither a subcommand nor an option: " + program->remaining().front();
+    }
+    return command + ": " + wrong + "\nTry '" + command + " --help'.\n";
+}
+
+/// Prints help, version or what is wrong with the command line.
+int EndParsing(const CLI::App& program, const CLI::ParseError& error) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const bool wrong = program.exit(error, out, err) != 0;
+    PrintToStandardError(err.str());
+    Output output;
+    output.Write(out.str());
+    if (!output.Finish()) {
+        return kFileFailed;
+    }
+    return wrong ? kWrongUsage : kDone;
+}
+
+int Run(int argc, char** argv) {
+    int exitStatus = kDone;
+    CLI::App program("Reads TIFF files: what their directories hold, and what they are.", "platen");
+    program.set_version_flag("--version", "platen " PLATEN_VERSION, "Print the version and exit");
+    program.require_subcommand(1);
+    program.failure_message(UsageMessage);
+    program.footer("'platen SUBCOMMAND --help' tells more and gives an example.");
+    AddDump(program, exitStatus);
+    AddInfo(program, exitStatus);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return EndParsing(program, error);
+    }
+    return exitStatus;
+}
+
+}  // namespace
+}  // namespace platen::tool
+
+int main(int argc, char** argv) {
+    // A reader that goes away shows as a failed write, which is reported, instead of ending us.
+    std::signal(SIGPIPE, SIG_IGN);
+    try {
+        return platen::tool::Run(argc, argv);
+    } catch (const std::exception& error) {
+        platen::tool::PrintToStandardError(std::string("platen: ") + error.what() + "\n");
+        return platen::tool::kFileFailed;
+    }
+}

@@ -1,0 +1,49 @@
+#include "messages.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace platen::tool {
+namespace {
+
+const char* Meaning(long status) {
+    switch (status) {
+        case 0:
+            return "could not be opened";
+        case -2:
+            return "unsupported version";
+        case -3:
+            return "read failure or inconsistent file";
+        case -4:
+            return "memory exhausted, or a value that cannot be fetched";
+        default:
+            return "failed";
+    }
+}
+
+}  // namespace
+
+std::string WithReason(std::string_view what, int systemError) {
+    std::string text(what);
+    if (systemError != 0) {
+        text.append(": ").append(std::strerror(systemError));
+    }
+    return text;
+}
+
+Problem ProblemOf(long status, int systemError) {
+    return {status, WithReason(Meaning(status), systemError)};
+}
+
+void PrintProblem(std::string_view file, const Problem& problem) {
+    std::string line = "platen: ";
+    line.append(file).append(": ").append(problem.what);
+    line.append(" (status ").append(std::to_string(problem.status)).append(")\n");
+    PrintToStandardError(line);
+}
+
+void PrintToStandardError(std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+}  // namespace platen::tool

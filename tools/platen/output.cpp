@@ -1,0 +1,39 @@
+#include "output.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+#include "messages.h"
+
+namespace platen::tool {
+
+Output::Output() : m_terminal(isatty(STDOUT_FILENO) != 0) {}
+
+void Output::Write(std::string_view text) {
+    if (!m_failed) {
+        Check(std::fwrite(text.data(), 1, text.size(), stdout) == text.size());
+    }
+}
+
+void Output::Flush() {
+    if (!m_failed) {
+        Check(std::fflush(stdout) == 0);
+    }
+}
+
+bool Output::Finish() {
+    Flush();
+    return !m_failed;
+}
+
+void Output::Check(bool good) {
+    if (!good) {
+        const int error = errno;
+        m_failed = true;
+        PrintProblem("standard output", {-3, WithReason("could not be written", error)});
+    }
+}
+
+}  // namespace platen::tool
