@@ -5,6 +5,7 @@
 #include <platen/tiff/blocks.h>
 #include <platen/tiff/byte_order.h>
 #include <platen/tiff/entry_words.h>
+#include <platen/tiff/peek.h>
 
 using platen::tiff::NewBlock;
 
@@ -79,11 +80,15 @@ std::uint32_t* Tiff::GetLONGArray(void* file, const TiffIFDEntryStruct& entry) {
 }
 
 Rational Tiff::GetRATIONAL(void* file, const TiffIFDEntryStruct& entry) {
+    Rational first = {0, 0};
+    if (entry.Count == 1 && SpendBytes(sizeof(first))) {
+        platen::tiff::Peek(file, static_cast<LONG>(entry.ValueOffset), &first, sizeof(first));
+        return platen::tiff::SwapRATIONAL(first, Order());
+    }
     std::uint8_t* block = FetchBlock(file, entry, sizeof(Rational));
     if (block == nullptr) {
         return kNoRational;
     }
-    Rational first;
     std::memcpy(&first, block, sizeof(first));
     DeleteBLOCK(block);
     return platen::tiff::SwapRATIONAL(first, Order());

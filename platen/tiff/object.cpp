@@ -7,6 +7,7 @@
 #include <platen/base/memory.h>
 #include <platen/tiff/Tiff.h>
 #include <platen/tiff/blocks.h>
+#include <platen/tiff/peek.h>
 #include <platen/tiff/tag_table.h>
 
 IMPLEMENT_DYNCREATE(Tiff, CObject)
@@ -179,12 +180,8 @@ std::uint8_t* Tiff::CreateBLOCK(void* file, long offset, long size) {
     if (block == nullptr) {
         return nullptr;
     }
-    const LONG position = FILE_lseek(file, 0, 1);
-    // An offset that no position reaches lies beyond the end of the file: the block stays zero.
-    if (static_cast<LONG>(offset) == offset &&
-        FILE_lseek(file, static_cast<LONG>(offset), 0) >= 0) {
-        FILE_read(file, block, static_cast<LONG>(size));
-        FILE_lseek(file, position, 0);
+    if (static_cast<LONG>(offset) == offset) {
+        platen::tiff::Peek(file, static_cast<LONG>(offset), block, static_cast<LONG>(size));
     }
     return block;
 }

@@ -148,7 +148,7 @@ long Tiff::ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) {
     if (row->Accepts(entry.Type)) {
         const platen::tiff::Stored stored =
             std::visit(platen::tiff::EntryParser{*this, file, entry, *record}, row->field);
-        if (stored.reported) {
+        if (stored.reported && m_Dump != 0) {
             DumpAppendIFD(row->reportLabel, entry, stored.values, stored.held);
         }
     }

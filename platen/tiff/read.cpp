@@ -7,6 +7,7 @@
 #include <platen/tiff/byte_order.h>
 #include <platen/tiff/visited_offsets.h>
 
+using platen::tiff::SwapLONG;
 using platen::tiff::VisitedOffsets;
 
 namespace {
@@ -14,6 +15,7 @@ namespace {
 constexpr std::uint16_t kVersion = 42;
 constexpr std::uint16_t kOtherVersion = 50;
 constexpr std::uint64_t kEntrySize = 12;
+constexpr std::uint32_t kTextInEntry = 4;
 constexpr std::uint64_t kEntriesPerEntrySize = 8;
 constexpr std::uint64_t kFreeEntries = 65536;
 constexpr std::uint64_t kBytesPerByte = 32;
@@ -21,21 +23,70 @@ constexpr std::uint64_t kSmallFile = 1U << 20U;
 
 static_assert(sizeof(TiffIFDEntryStruct) == kEntrySize);
 
-/// TIFF 6.0, section 2: the value stands left-justified in the last four bytes of the entry.
-std::uint32_t NormalisedValue(const TiffIFDEntryStruct& entry, std::uint16_t order) {
-    switch (entry.Type) {
-        case TIFF_ASCII:
-            return entry.Count > 4 ? platen::tiff::SwapLONG(entry.ValueOffset, order)
-                                   : entry.ValueOffset;
-        case TIFF_SHORT:
-            return entry.Count == 1 ? platen::tiff::SwapSHORT(
-                                          static_cast<std::uint16_t>(entry.ValueOffset), order)
-                                    : platen::tiff::SwapLONG(entry.ValueOffset, order);
-        case TIFF_LONG:
-        case TIFF_RATIONAL:
-            return platen::tiff::SwapLONG(entry.ValueOffset, order);
-        default:
-            return entry.ValueOffset;
+/// A directory's entries as they stand in the file, read ahead some at a time. What was read ahead
+/// and not taken is given back with the object: the position is then behind the last entry taken.
+class RawEntries {
+  public:
+    RawEntries(void* file, std::uint16_t count) : m_file(file), m_left(count) {}
+    ~RawEntries() {
+        if (m_taken < m_held) {
+            FILE_lseek(m_file, -static_cast<LONG>((m_held - m_taken) * kEntrySize), 1);
+        }
+    }
+    RawEntries(const RawEntries&) = delete;
+    RawEntries& operator=(const RawEntries&) = delete;
+
+    /// False, and the position is at the entry, when it has to be read by itself: the file ends
+    /// soon or cannot be read.
+    bool Take(TiffIFDEntryStruct& entry) {
+        if (m_taken == m_held && !ReadAhead()) {
+            return false;
+        }
+        entry = m_entries[m_taken++];
+        return true;
+    }
+
+  private:
+    bool ReadAhead() {
+        m_taken = 0;
+        m_held = std::min<std::size_t>(m_left, std::size(m_entries));
+        const auto size = static_cast<LONG>(m_held * kEntrySize);
+        const LONG got = FILE_read(m_file, m_entries, size);
+        if (got != size) {
+            FILE_lseek(m_file, -std::max<LONG>(got, 0), 1);
+            m_held = 0;
+            --m_left;
+            return false;
+        }
+        m_left -= m_held;
+        return true;
+    }
+
+    void* m_file;
+    std::size_t m_left;
+    std::size_t m_held = 0;
+    std::size_t m_taken = 0;
+    TiffIFDEntryStruct m_entries[32];
+};
+
+/// An entry as it stands in the file becomes one in machine byte order. A value that stands in the
+/// entry is left-justified there (TIFF 6.0, section 2).
+void Normalise(TiffIFDEntryStruct& entry, std::uint16_t order) {
+    if (order == TIFF_INTEL) {
+        if (entry.Type == TIFF_SHORT && entry.Count == 1) {
+            entry.ValueOffset = static_cast<std::uint16_t>(entry.ValueOffset);
+        }
+        return;
+    }
+    entry.Tag = platen::tiff::SwapSHORT(entry.Tag, order);
+    entry.Type = platen::tiff::SwapSHORT(entry.Type, order);
+    entry.Count = SwapLONG(entry.Count, order);
+    if (entry.Type == TIFF_SHORT && entry.Count == 1) {
+        entry.ValueOffset =
+            platen::tiff::SwapSHORT(static_cast<std::uint16_t>(entry.ValueOffset), order);
+    } else if ((entry.Type >= TIFF_SHORT && entry.Type <= TIFF_RATIONAL) ||
+               (entry.Type == TIFF_ASCII && entry.Count > kTextInEntry)) {
+        entry.ValueOffset = SwapLONG(entry.ValueOffset, order);
     }
 }
 
@@ -147,13 +198,19 @@ bool Tiff::ReadDirectory(void* file, TiffIFDOffsetStruct& offset, TiffIFDEntrySt
         return false;
     }
     const short dir = LastDir();
+    RawEntries ahead(file, count.Num);
     for (int i = 0; i < count.Num; ++i) {
         if (m_Allowance.entries-- == 0) {
             m_Allowance.entries = 0;
             m_Status = -3;
             return false;
         }
-        if (ReadIFDEntry(file, entry) != 1 || ParseIFDStdDir(file, entry, dir) != 1) {
+        if (ahead.Take(entry)) {
+            Normalise(entry, Order());
+        } else if (ReadIFDEntry(file, entry) != 1) {
+            return false;
+        }
+        if (ParseIFDStdDir(file, entry, dir) != 1) {
             return false;
         }
     }
@@ -175,7 +232,7 @@ long Tiff::ReadIFDOffset(void* file, TiffIFDOffsetStruct& offset) {
         offset.Offset = 0;
         return Fail(-3);
     }
-    offset.Offset = platen::tiff::SwapLONG(offset.Offset, Order());
+    offset.Offset = SwapLONG(offset.Offset, Order());
     DumpAppendIFDOffset(offset.Offset);
     return 1;
 }
@@ -195,10 +252,7 @@ long Tiff::ReadIFDEntry(void* file, TiffIFDEntryStruct& entry) {
     if (FILE_read(file, &entry, sizeof(entry)) <= 0) {
         return Fail(-3);
     }
-    entry.Tag = SwapSHORT(entry.Tag, Order());
-    entry.Type = SwapSHORT(entry.Type, Order());
-    entry.Count = platen::tiff::SwapLONG(entry.Count, Order());
-    entry.ValueOffset = NormalisedValue(entry, Order());
+    Normalise(entry, Order());
     return 1;
 }
 

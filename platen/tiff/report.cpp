@@ -231,7 +231,7 @@ void Tiff::DumpAppendIFDCount(std::uint16_t count) {
 
 void Tiff::DumpAppendIFD(const char* name, const TiffIFDEntryStruct& entry, const void* data,
                          std::uint32_t held) {
-    if (TypeWord(entry.Type) == nullptr || (entry.Type == TIFF_ASCII && data == nullptr)) {
+    if (m_Dump == 0 || TypeWord(entry.Type) == nullptr || (entry.Type == TIFF_ASCII && data == nullptr)) {
         return;
     }
     DumpWrite([&](auto& out) {

@@ -1,6 +1,7 @@
 #include <platen/tiff/tag_table.h>
 
 #include <algorithm>
+#include <utility>
 
 #include <platen/tiff/blocks.h>
 
@@ -231,6 +232,12 @@ struct Releaser {
     void operator()(const PlainField& /*field*/) const {}
 };
 
+/// The walk over the rows, laid out when it is compiled: most rows release nothing.
+template <std::size_t... Row>
+void ReleaseRows(Record& record, std::index_sequence<Row...> /*rows*/) {
+    (Releaser{record}(std::get<kTags[Row].field.index()>(kTags[Row].field)), ...);
+}
+
 }  // namespace
 
 constexpr Record kFreshRecord = MakeFreshRecord();
@@ -241,9 +248,7 @@ const TagRow* FindTag(std::uint16_t tag) {
 }
 
 void ReleaseRecord(Record& record) {
-    for (const TagRow& row : kTags) {
-        std::visit(Releaser{record}, row.field);
-    }
+    ReleaseRows(record, std::make_index_sequence<kTagCount>{});
     record.NumEntries = 0;
     record.WriteNumEntries = 0;
     record.WriteIFDOffset = 0;
