@@ -1,0 +1,310 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <platen/base/files.h>
+#include <platen/tiff/Tiff.h>
+
+#include "tests/support/read_tiff.h"
+#include "tests/support/tiff_builder.h"
+
+namespace {
+
+using platen::test::Build;
+using platen::test::Bytes;
+using platen::test::Directory;
+using platen::test::Entry;
+using platen::test::kOrders;
+using platen::test::Longs;
+using platen::test::Order;
+using platen::test::Patch;
+using platen::test::Rationals;
+using platen::test::ReadTiff;
+using platen::test::Shorts;
+using platen::test::TemporaryFile;
+using platen::test::Text;
+using platen::test::Word;
+
+std::vector<Entry> Image(std::uint32_t width, std::uint32_t length, std::uint32_t bits,
+                         const Entry& offsets) {
+    return {Longs(256, {width}), Longs(257, {length}), Shorts(258, {bits}), offsets};
+}
+
+TEST(Read, AHeaderIsAcceptedOrRejectedWrongly) {
+    const Bytes good = Build({.directories = {{{Shorts(256, {5})}}}});
+    const struct {
+        Bytes bytes;
+        long status;
+        short format;
+    } cases[] = {
+        {good, 1, 0x4949},
+        {Build({.order = Order::Motorola, .directories = {{}}}), 1, 0x4D4D},
+        {Build({.version = 50, .directories = {{}}}), 1, 0x4949},
+        {Build({.version = 43, .directories = {{}}}), -2, 0x4949},
+        {Build({.order = Order::Motorola, .version = 0x2A00, .directories = {{}}}), -2, 0x4D4D},
+        {"IM" + good.substr(2), -3, 0},
+        {"", -3, 0},
+        {"I", -3, 0},
+        {"II", -2, 0x4949},
+        {"II*", -3, 0x4949},  // 42 in its first byte is enough; the offset is missing
+        {good.substr(0, 4), -3, 0x4949},
+        {Build({}), 1, 0x4949},
+        {Build({.first = 8}), -3, 0x4949},
+        {Build({.first = 0x7FFFFFFF}), -3, 0x4949},
+        {Build({.first = 0xFFFFFFFF}), -3, 0x4949},
+    };
+    for (const auto& test : cases) {
+        const ReadTiff<> read(test.bytes);
+        EXPECT_EQ(read.status, test.status) << "case " << &test - cases;
+        EXPECT_EQ(read.tiff.getFormat(), test.format) << "case " << &test - cases;
+        EXPECT_EQ(read.tiff.getFileSize(), static_cast<long>(test.bytes.size()));
+        EXPECT_EQ(read.Count(), 1);
+    }
+}
+
+TEST(Read, ALayoutOfDirectoriesLosesRecords) {
+    for (const Order order : kOrders) {
+        for (const bool valuesLast : {false, true}) {
+            std::vector<Directory> directories;
+            for (std::uint32_t i = 0; i < 300; ++i) {
+                directories.push_back({{Longs(256, {i}), Longs(273, {i, i + 1, i + 2}),
+                                        Text(305, "page " + std::to_string(i))}});
+            }
+            const ReadTiff<> read(
+                Build({.order = order, .directories = directories, .valuesLast = valuesLast}));
+            ASSERT_EQ(read.status, 1);
+            ASSERT_EQ(read.Count(), 300);
+            for (short i = 0; i < 300; ++i) {
+                EXPECT_EQ(read.Record(i).NumEntries, 3);
+                EXPECT_EQ(read.Record(i).ImageWidth, i);
+                EXPECT_EQ(read.Record(i).StripOffsetsLong[2], static_cast<std::uint32_t>(i + 2));
+                EXPECT_EQ(read.Record(i).Software, "page " + std::to_string(i));
+            }
+        }
+    }
+}
+
+TEST(Read, TheEndOfTheChainIsTakenForAFailure) {
+    Bytes bytes = Build({.directories = {{{Shorts(256, {5})}}}});  // 26 bytes, link at 22
+    for (const std::uint32_t link : {26U, 27U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
+        Patch(bytes, 22, link, 4, Order::Intel);
+        const ReadTiff<> read(bytes);
+        EXPECT_EQ(read.status, 1) << link;
+        EXPECT_EQ(read.Count(), 1) << link;
+        EXPECT_EQ(read.Record().NumEntries, 1) << link;
+    }
+    Patch(bytes, 22, 25, 4, Order::Intel);  // one byte of a count is left, then nothing
+    const ReadTiff<> read(bytes);
+    EXPECT_EQ(read.status, -3);
+    EXPECT_EQ(read.Count(), 2);
+    EXPECT_EQ(read.Record().ImageWidth, 5);
+}
+
+TEST(Read, TheImageIsHeldAgainstTheFileWrongly) {
+    const struct {
+        std::vector<Entry> entries;
+        long status;
+    } cases[] = {
+        {Image(10, 10, 8, Longs(273, {100})), 1},      // ends at 200
+        {Image(10, 11, 8, Longs(273, {100})), -3},     // ends beyond it
+        {Image(10, 11, 7, Longs(273, {100})), 1},      // whole bytes alone count
+        {Image(10, 10, 16, Longs(273, {0})), 1},       // ends at 200
+        {Image(10, 10, 16, Shorts(273, {1})), -3},     //
+        {Image(10, 10, 8, Shorts(273, {0xFFFF})), 1},  // a short offset has a sign
+        {Image(1, 1, 8, Longs(273, {0x90000000})), 1},
+        {Image(0xFFFFFFFF, 10, 8, Longs(273, {300})), -3},  // -10 + 300
+        {Image(65536, 65536, 8, Longs(273, {8})), 1},       // wraps to 8
+        {Image(1, 1, 0x8008, Longs(273, {8})), 1},
+        {{Longs(256, {1000}), Longs(257, {1000}), Longs(273, {8})}, 1},
+        {{Longs(256, {1000}), Longs(257, {1000}), Longs(273, {500}), Word(258, 3, 0, 0)}, -4},
+        {{Shorts(258, {8}), Longs(273, {199}), Shorts(273, {2})}, -3},
+        {{Shorts(258, {8}), Rationals(282, {}), Longs(273, {201})}, -3},
+    };
+    for (const auto& test : cases) {
+        Bytes bytes = Build({.directories = {{test.entries}}});
+        bytes.resize(200);
+        EXPECT_EQ(ReadTiff<>(bytes).status, test.status) << "case " << &test - cases;
+    }
+    // Only the first directory's image is tested.
+    EXPECT_EQ(ReadTiff<>(Build({.directories = {{}, {Image(99, 99, 8, Longs(273, {8}))}}})).status,
+              1);
+}
+
+TEST(Read, AFailedFetchStopsTheWalkOrIsForgotten) {
+    const ReadTiff<> read(
+        Build({.directories = {{{Word(258, 3, 0, 0), Longs(256, {7})}}, {{Longs(256, {8})}}}}));
+    EXPECT_EQ(read.status, -4);
+    ASSERT_EQ(read.Count(), 2);
+    EXPECT_EQ(read.Record(0).ImageWidth, 7);
+    EXPECT_EQ(read.Record(1).ImageWidth, 8);
+}
+
+TEST(Read, AShortLastEntryIsRejectedOrReadsOtherBytes) {
+    // Two entries announced; the second has 5 bytes, tag 257 and half a type, before the file ends.
+    Bytes bytes = Build({.directories = {{{Longs(256, {7}), Longs(257, {9})}}}});
+    bytes.resize(8 + 2 + 12 + 5);
+    const ReadTiff<> read(bytes);
+    EXPECT_EQ(read.status, -3);
+    EXPECT_EQ(read.Record().ImageWidth, 7);
+    EXPECT_EQ(read.Record().ImageLength, 7) << "the rest is the entry before";
+}
+
+TEST(Read, ValuesBeyondTheEndAreNotZero) {
+    Bytes bytes = Build({.directories = {{{Shorts(258, {1, 2, 3, 4}), Text(305, "abcdefgh")}}}});
+    bytes.resize(bytes.size() - 5);
+    const ReadTiff<> read(bytes);
+    EXPECT_EQ(read.status, 1);
+    EXPECT_STREQ(read.Record().Software, "abcd");
+    const ReadTiff<> beyond(
+        Build({.directories = {{{Word(258, 3, 3, 0x7FFFFFFF), Word(282, 5, 1, 0xFFFFFFF0)}}}}));
+    EXPECT_EQ(beyond.status, 1);
+    EXPECT_EQ(beyond.Record().BitsPerSample[2], 0);
+    EXPECT_EQ(beyond.Record().XResolution, (Rational{0, 0}));
+}
+
+TEST(Open, AnswerStatusOrNameIsWrong) {
+    const TemporaryFile file(Build({.directories = {{}}}));
+    Tiff tiff;
+    void* handle = tiff.Open(file.Name(), 2);
+    EXPECT_NE(handle, FILE_none());
+    EXPECT_EQ(tiff.getFileAttributes(), 2);
+    EXPECT_STREQ(tiff.GetFileName(), file.Name());
+    EXPECT_EQ(tiff.Read(handle), 1);
+    EXPECT_STREQ(tiff.GetFileName(), file.Name()) << "the name survives a read";
+    EXPECT_EQ(tiff.getFileAttributes(), -1);
+    EXPECT_EQ(tiff.Close(handle), FILE_none());
+    EXPECT_EQ(tiff.Read(handle), -3) << "a closed handle";
+    EXPECT_EQ(tiff.Open("/nonexistent/file", 0), FILE_none());
+    EXPECT_STREQ(tiff.GetFileName(), "/nonexistent/file");
+    EXPECT_EQ(tiff.Open(nullptr, 0), FILE_none());
+    EXPECT_EQ(tiff.Read(FILE_none()), -3);
+    EXPECT_EQ(tiff.Open("/", 0) == FILE_none(), false);
+}
+
+/// Keeps private tag 34000; tag 34001 stops the walk.
+class InstrumentTiff : public Tiff {
+  public:
+    long ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) override {
+        ++entries;
+        return Tiff::ParseIFDStdDir(file, entry, dir);
+    }
+    long ParseIFDCustomDir(void* file, TiffIFDEntryStruct& entry, short dir) override {
+        if (entry.Tag == 34001) {
+            m_Status = -2;
+            return 0;
+        }
+        std::uint16_t* values = GetWORDArray(file, entry);
+        kept.assign(values, values + entry.Count);
+        DeleteBLOCK(reinterpret_cast<std::uint8_t*>(values));
+        keptIn = dir;
+        return 1;
+    }
+    int entries = 0;
+    std::vector<std::uint16_t> kept;
+    short keptIn = -1;
+};
+
+TEST(Subclass, ItsTagIsNotHandedOnOrDisturbsTheWalk) {
+    for (const Order order : kOrders) {
+        const ReadTiff<InstrumentTiff> read(
+            Build({.order = order,
+                   .directories = {{{Longs(256, {7})}},
+                                   {{Shorts(34000, {1, 2, 40000}), Longs(256, {9})}}}}));
+        EXPECT_EQ(read.status, 1);
+        EXPECT_EQ(read.tiff.entries, 3);
+        EXPECT_EQ(read.tiff.kept, (std::vector<std::uint16_t>{1, 2, 40000}));
+        EXPECT_EQ(read.tiff.keptIn, 1);
+        EXPECT_EQ(read.Record(1).ImageWidth, 9);
+    }
+}
+
+TEST(Subclass, OneThatStopsTheWalkDoesNot) {
+    const ReadTiff<InstrumentTiff> read(
+        Build({.directories = {{{Longs(256, {7}), Longs(34001, {1}), Longs(257, {8})}}, {{}}}}));
+    EXPECT_EQ(read.status, -2);
+    EXPECT_EQ(read.tiff.entries, 2);
+    EXPECT_EQ(read.Count(), 1);
+    EXPECT_EQ(read.Record().ImageWidth, 7);
+    EXPECT_EQ(read.Record().ImageLength, 0);
+}
+
+TEST(Blocks, ARawBlockMovesTheFileOrReadsBeyondIt) {
+    const TemporaryFile file("0123456789");
+    Tiff tiff;
+    void* handle = tiff.Open(file.Name(), 0);
+    FILE_lseek(handle, 3, 0);
+    const struct {
+        long offset;
+        long size;
+        const char* text;
+    } cases[] = {{0, 4, "0123"}, {8, 3, "89"},    {10, 2, ""},     {0x7FFFFFFF, 2, ""},
+                 {-1, 2, ""},    {0, 0, nullptr}, {0, -1, nullptr}};
+    for (const auto& test : cases) {
+        auto* block = tiff.CreateBLOCK(handle, test.offset, test.size);
+        ASSERT_EQ(block == nullptr, test.text == nullptr) << test.offset;
+        if (block != nullptr) {
+            std::string expected = test.text;
+            expected.resize(static_cast<std::size_t>(test.size));
+            EXPECT_EQ(std::string(block, block + test.size), expected) << test.offset;
+        }
+        EXPECT_EQ(tiff.DeleteBLOCK(block), nullptr);
+        EXPECT_EQ(FILE_lseek(handle, 0, 1), 3) << test.offset;
+    }
+    tiff.Close(handle);
+}
+
+TEST(Object, ItsMembersStartOrResetWrong) {
+    Tiff tiff;
+    const auto expectFresh = [&tiff] {
+        EXPECT_EQ(tiff.getFileNumIFDStdDir(), 1);
+        EXPECT_EQ(tiff.getFormat(), 0);
+        EXPECT_EQ(tiff.getFileSize(), 0);
+        EXPECT_EQ(tiff.getFileAttributes(), -1);
+        EXPECT_EQ(tiff.DumpGetSize(), 1U);
+    };
+    expectFresh();
+    EXPECT_EQ(tiff.GetFileName(), nullptr);
+    EXPECT_EQ(tiff.SetFileName("first"), 1);
+    EXPECT_EQ(tiff.SetFileName("second"), 1);
+    EXPECT_STREQ(tiff.GetFileName(), "second");
+    tiff.setFormat(0x4D4D);
+    tiff.setFileSize(77);
+    EXPECT_EQ(tiff.getFormat(), 0x4D4D);
+    EXPECT_EQ(tiff.getFileSize(), 77);
+    tiff.ResetFileVars();
+    expectFresh();
+    EXPECT_STREQ(tiff.GetFileName(), "second");
+    tiff.ResetGlbVars();
+    EXPECT_EQ(tiff.GetFileName(), nullptr);
+    EXPECT_EQ(tiff.getFileNumIFDStdDir(), 0);
+    EXPECT_EQ(tiff.FreeStdTiff(), 1);
+    EXPECT_EQ(tiff.FreeStdTiff(), 1);
+    EXPECT_EQ(tiff.getStdDir(), nullptr);
+    TiffIFDEntryStruct entry = {256, 3, 1, 5};
+    EXPECT_EQ(tiff.ParseIFDStdDir(FILE_none(), entry, 0), -4);
+    tiff.InitStdDir(0);
+    tiff.ResetStdDir(0);
+    EXPECT_EQ(tiff.AllocStdTiff(), 1);
+    EXPECT_EQ(tiff.getFileNumIFDStdDir(), 1);
+}
+
+TEST(Object, TheClassCannotBeCreatedByName) {
+    const CRuntimeClass* record = CRuntimeClass::FromName("Tiff");
+    ASSERT_EQ(record, RUNTIME_CLASS(Tiff));
+    EXPECT_EQ(record->m_wSchema, 0xFFFFU);
+    EXPECT_EQ(record->m_nObjectSize, static_cast<int>(sizeof(Tiff)));
+    const std::unique_ptr<CObject> object(record->CreateObject());
+    ASSERT_NE(object, nullptr);
+    EXPECT_TRUE(object->IsKindOf(RUNTIME_CLASS(CObject)));
+    EXPECT_EQ(static_cast<Tiff*>(object.get())->getFileNumIFDStdDir(), 1);
+}
+
+TEST(Order, AConversionIsWrong) {
+    EXPECT_EQ(SwapSHORT(0x1234, 0x4949), 0x1234);
+    EXPECT_EQ(SwapSHORT(0x1234, 0x4D4D), 0x3412);
+    EXPECT_EQ(SwapSHORT(0x1234, 0), 0x3412);
+}
+
+}  // namespace
