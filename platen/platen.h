@@ -6,5 +6,6 @@
 #include <platen/base/memory.h>
 #include <platen/platform/afx.h>
 #include <platen/tiff/Tiff.h>
+#include <platen/tiff/TiffCopy.h>
 #include <platen/tiff/records.h>
 #include <platen/tiff/tags.h>

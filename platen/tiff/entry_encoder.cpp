@@ -1,5 +1,6 @@
 #include <platen/tiff/entry_encoder.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include <platen/tiff/byte_order.h>
@@ -19,6 +20,17 @@ void SwapAll(void* target, const void* source, std::size_t count, T (*swap)(T, s
         std::memcpy(&element, from + i * sizeof(T), sizeof(T));
         element = swap(element, order);
         std::memcpy(to + i * sizeof(T), &element, sizeof(T));
+    }
+}
+
+/// Reverses elements of any size.
+void ReverseAll(void* target, const void* source, std::size_t count, std::size_t elementSize) {
+    auto* to = static_cast<std::uint8_t*>(target);
+    if (target != source) {
+        std::memcpy(target, source, count * elementSize);
+    }
+    for (std::size_t i = 0; i < count; ++i, to += elementSize) {
+        std::reverse(to, to + elementSize);
     }
 }
 
@@ -93,11 +105,13 @@ EncodedEntry EncodeEntry(const EntryValue& value, std::uint32_t offset, std::uin
 void ConvertElements(void* target, const void* source, std::size_t count, std::size_t elementSize,
                      std::uint16_t order) {
     if (order == TIFF_INTEL || elementSize == 1) {
-        std::memcpy(target, source, count * elementSize);
+        std::memmove(target, source, count * elementSize);
     } else if (elementSize == 2) {
         SwapAll<std::uint16_t>(target, source, count, &SwapSHORT, order);
-    } else {
+    } else if (elementSize == 4) {
         SwapAll<std::uint32_t>(target, source, count, &SwapLONG, order);
+    } else {
+        ReverseAll(target, source, count, elementSize);
     }
 }
 

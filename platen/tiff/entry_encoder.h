@@ -31,7 +31,7 @@ struct EncodedEntry {
 /// entry that its values leave free are zero.
 EncodedEntry EncodeEntry(const EntryValue& value, std::uint32_t offset, std::uint16_t order);
 
-/// Copies `count` elements of 1, 2 or 4 bytes between machine and file byte order.
+/// Copies `count` elements between machine and file byte order; in place, target and source agree.
 void ConvertElements(void* target, const void* source, std::size_t count, std::size_t elementSize,
                      std::uint16_t order);
 

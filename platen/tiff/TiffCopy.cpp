@@ -1,0 +1,127 @@
+#include <platen/tiff/TiffCopy.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <new>
+
+#include <platen/base/files.h>
+#include <platen/tiff/blocks.h>
+#include <platen/tiff/copy_job.h>
+#include <platen/tiff/directory_walk.h>
+#include <platen/tiff/tag_table.h>
+
+namespace {
+
+constexpr std::uint32_t kTextInEntry = 4;
+constexpr std::uint32_t kColorTableTaken = 17;
+
+/// Counts that a kind's field holds whole.
+struct HoldsCount {
+    std::uint32_t count;
+
+    bool operator()(const platen::tiff::WordPairField& /*field*/) const { return count == 2; }
+    template <std::size_t N>
+    bool operator()(const platen::tiff::RationalGroupField<N>& /*field*/) const {
+        return count == N;
+    }
+    bool operator()(const platen::tiff::ColorTableField& /*field*/) const {
+        return count <= kColorTableTaken;
+    }
+    bool operator()(const platen::tiff::TextField& /*field*/) const { return true; }
+    bool operator()(const platen::tiff::WordArrayField& /*field*/) const { return true; }
+    bool operator()(const platen::tiff::OffsetArrayField& /*field*/) const { return true; }
+    template <typename SingleField>
+    bool operator()(const SingleField& /*field*/) const {
+        return count == 1;
+    }
+};
+
+/// Releases a text whose block goes on behind the first zero byte: several texts in one entry.
+void DropCutText(char*& text, std::uint32_t count) {
+    if (text == nullptr || count <= kTextInEntry) {
+        return;
+    }
+    const char* end = text + count;
+    const char* rest = std::find(static_cast<const char*>(text), end, '\0');
+    if (std::any_of(rest, end, [](char letter) { return letter != '\0'; })) {
+        platen::tiff::ReleaseBlock(text);
+    }
+}
+
+}  // namespace
+
+TiffCopy::TiffCopy() = default;
+
+TiffCopy::~TiffCopy() = default;
+
+long TiffCopy::Read(void* file) {
+    m_Kept.clear();
+    m_ReadStatus = Tiff::Read(file);
+    return m_ReadStatus;
+}
+
+void TiffCopy::ForgetTAG(std::uint16_t tag, short dir) {
+    std::erase_if(m_Kept,
+                  [&](const KeptEntry& kept) { return kept.dir == dir && kept.entry.Tag == tag; });
+}
+
+long TiffCopy::Keep(const TiffIFDEntryStruct& entry, short dir) {
+    try {
+        m_Kept.push_back({dir, entry});
+    } catch (const std::bad_alloc&) {
+        m_Status = -4;
+        return -4;
+    }
+    return 1;
+}
+
+/// What the record cannot hold whole, or would not be written from it, is kept as it is.
+long TiffCopy::ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) {
+    const platen::tiff::TagRow* row = platen::tiff::FindTag(entry.Tag);
+    if (row == nullptr) {
+        return Tiff::ParseIFDStdDir(file, entry, dir);
+    }
+    if (std::holds_alternative<platen::tiff::BlockSlot>(row->field)) {
+        return 1;  // free space of this file, which a copy does not have
+    }
+    if (!row->Accepts(entry.Type) || !std::visit(HoldsCount{entry.Count}, row->field)) {
+        return Keep(entry, dir);
+    }
+    const TiffIFDEntryStruct asRead = entry;
+    const long answer = Tiff::ParseIFDStdDir(file, entry, dir);
+    if (answer != 1) {
+        return answer;
+    }
+    if (const auto* text = std::get_if<platen::tiff::TextField>(&row->field)) {
+        DropCutText(m_StdDir[dir].*(text->text), asRead.Count);
+    }
+    const bool given = row->written == 0 || platen::tiff::ValueToWrite(*row, m_StdDir[dir]);
+    return given ? 1 : Keep(asRead, dir);
+}
+
+long TiffCopy::ParseIFDCustomDir(void* file, TiffIFDEntryStruct& entry, short dir) {
+    Keep(entry, dir);
+    return Tiff::ParseIFDCustomDir(file, entry, dir);
+}
+
+TiffCopy::Result TiffCopy::CopyTo(const char* name, short format, Progress progress,
+                                  void* context) {
+    if (m_ReadStatus != 1) {
+        return {Outcome::SourceFailed, -1, "the file was not read whole"};
+    }
+    try {
+        const platen::tiff::CopySource source = {
+            m_Kept,
+            {m_StdDir, static_cast<std::size_t>(m_NumIFDStdDir)},
+            m_hFile,
+            m_FileSize,
+            static_cast<std::uint16_t>(m_Format)};
+        platen::tiff::CopyJob job(*this, source, static_cast<std::uint16_t>(format));
+        const Result planned = job.Plan();
+        return planned.outcome == Outcome::Done ? job.Run(name, progress, context) : planned;
+    } catch (const std::bad_alloc&) {
+        return {Outcome::NoMemory, -1, "memory is exhausted"};
+    } catch (const std::filesystem::filesystem_error&) {
+        return {Outcome::OutputFailed, -1, "the output's name cannot be used"};
+    }
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include <platen/platform/api.h>
+#include <platen/tiff/Tiff.h>
+
+/// Copies a TIFF file so that any reader shows the same pixels and finds the same tags: what
+/// `Tiff::WriteCopy` leaves to its callers. While it reads, it also notes the entries that a record
+/// does not hold; `CopyTo` writes those beside the records' tags, edited with `setTAG` or not.
+///
+/// Uncompressed images are copied strip by strip from where they lie, into one strip a plane;
+/// samples are turned when the byte order changes. StripOffsets, StripByteCounts and RowsPerStrip
+/// are those of the copy, and a directory without a subfile type gets NewSubfileType 0. Whatever
+/// cannot be copied faithfully is refused: compressed or tiled images, subsampled colour, samples
+/// of mixed sizes, directories behind a tag (such as SubIFDs), and more than 2 GiB.
+class PLATEN_API TiffCopy : public Tiff {
+  public:
+    enum class Outcome : std::uint8_t {
+        Done,
+        Aborted,       ///< the callback asked for it
+        Refused,       ///< the copy would not be faithful
+        SourceFailed,  ///< the source could not be read, or not read whole
+        OutputFailed,  ///< the output could not be created, written or renamed
+        NoMemory
+    };
+
+    struct Result {
+        Outcome outcome = Outcome::Done;
+        short dir = -1;               ///< the directory that the reason is about, or -1
+        const char* reason = "done";  ///< a constant text for people
+    };
+
+    /// Told bytes of image data done and in all; an answer other than 0 aborts.
+    using Progress = int (*)(void* context, std::int64_t done, std::int64_t total);
+
+    TiffCopy();
+    ~TiffCopy() override;
+
+    /// As `Tiff::Read`. Always called on a TiffCopy, never through its base.
+    long Read(void* file);
+    /// Forgets what was noted of a tag that the record does not hold, so that it is not copied.
+    void ForgetTAG(std::uint16_t tag, short dir);
+
+    /// Writes the copy as a new file beside `name`, which takes that name when it is whole; before
+    /// that nothing at `name` is touched, and on any failure nothing is left. `name` may be the
+    /// file being read, which must still be open. `progress` may be null.
+    Result CopyTo(const char* name, short format, Progress progress = nullptr,
+                  void* context = nullptr);
+
+    long ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) override;
+    long ParseIFDCustomDir(void* file, TiffIFDEntryStruct& entry, short dir) override;
+
+    /// An entry that no record holds.
+    struct KeptEntry {
+        short dir;
+        TiffIFDEntryStruct entry;
+    };
+
+  private:
+    long Keep(const TiffIFDEntryStruct& entry, short dir);
+
+    std::vector<KeptEntry> m_Kept;  ///< in the order of their directories
+    long m_ReadStatus = 0;
+};

@@ -1,0 +1,289 @@
+#include <platen/tiff/copy_job.h>
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+#include <platen/base/files.h>
+#include <platen/base/memory.h>
+#include <platen/tiff/byte_order.h>
+#include <platen/tiff/directory_walk.h>
+
+namespace platen::tiff {
+namespace {
+
+using Outcome = TiffCopy::Outcome;
+using Result = TiffCopy::Result;
+
+constexpr std::uint16_t kNewSubfileType = 254;
+constexpr std::uint16_t kSubfileType = 255;
+constexpr std::uint16_t kStripOffsets = 273;
+constexpr std::uint16_t kRowsPerStrip = 278;
+constexpr std::uint16_t kStripByteCounts = 279;
+constexpr std::uint16_t kVersion = 42;
+constexpr std::uint16_t kPointerType = 13;
+constexpr std::int64_t kLargestFile = INT32_MAX;
+constexpr std::size_t kChunk = 240 * 1024;  ///< whole samples of every size
+constexpr std::int64_t kKeptBytesPerByte = 32;
+constexpr std::int64_t kSmallFile = 1 << 20;
+
+/// Tags whose values are places in the file: what stands there would be lost.
+constexpr std::uint16_t kPointers[] = {330, 513, 34665, 34853, 40965};
+
+constexpr bool IsOwn(std::uint16_t tag) {
+    return tag == kStripOffsets || tag == kRowsPerStrip || tag == kStripByteCounts;
+}
+
+std::int64_t Even(std::int64_t size) {
+    return size + size % 2;
+}
+
+/// The entry's last four bytes as they stood in the file.
+std::uint32_t RawField(const TiffIFDEntryStruct& entry, std::uint16_t order) {
+    const bool oneShort = entry.Type == TIFF_SHORT && entry.Count == 1;
+    const bool asItStands = entry.Type < TIFF_ASCII || entry.Type > TIFF_RATIONAL ||
+                            (entry.Type == TIFF_ASCII && entry.Count <= 4);
+    if (oneShort) {
+        return SwapSHORT(static_cast<std::uint16_t>(entry.ValueOffset), order);
+    }
+    return asItStands ? entry.ValueOffset : SwapLONG(entry.ValueOffset, order);
+}
+
+/// Releases its block with the object.
+class ChunkBuffer {
+  public:
+    ChunkBuffer() : m_bytes(static_cast<std::uint8_t*>(MEM_NewPtr(kChunk, 0x42))) {}
+    ~ChunkBuffer() { MEM_FreePtr(m_bytes); }
+    ChunkBuffer(const ChunkBuffer&) = delete;
+    ChunkBuffer& operator=(const ChunkBuffer&) = delete;
+    [[nodiscard]] std::uint8_t* Bytes() const { return m_bytes; }
+
+  private:
+    std::uint8_t* m_bytes;
+};
+
+constexpr Result kNotWritten = {Outcome::OutputFailed, -1, "the output could not be written"};
+
+/// Moves a run through the buffer. `goOn(bytes)` is told of each piece and answers whether to.
+template <typename GoOn>
+Result CopyRun(void* file, OutputFile& output, StripRun run, std::uint32_t swapBytes,
+               std::uint8_t* buffer, GoOn goOn) {
+    while (run.bytes > 0) {
+        const auto size = static_cast<LONG>(std::min<std::int64_t>(run.bytes, kChunk));
+        const auto bytes = static_cast<std::size_t>(size);
+        FILE_lseek(file, static_cast<LONG>(run.offset), 0);
+        if (FILE_read(file, buffer, size) != size) {
+            return {Outcome::SourceFailed, -1, "the image data could not be read"};
+        }
+        ConvertElements(buffer, buffer, bytes / swapBytes, swapBytes, TIFF_MOTOROLA);
+        if (!output.Write(buffer, bytes)) {
+            return kNotWritten;
+        }
+        run.offset += size;
+        run.bytes -= size;
+        if (!goOn(size)) {
+            return {Outcome::Aborted, -1, "aborted"};
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+std::span<const TiffCopy::KeptEntry> CopyJob::KeptOf(short dir) const {
+    const auto range = std::ranges::equal_range(m_source.kept, dir, {}, &TiffCopy::KeptEntry::dir);
+    return {range.begin(), range.end()};
+}
+
+const char* CopyJob::RefusedTag(short dir) const {
+    for (const TiffCopy::KeptEntry& kept : KeptOf(dir)) {
+        if (std::ranges::find(kPointers, kept.entry.Tag) != std::end(kPointers) ||
+            kept.entry.Type == kPointerType) {
+            return "a tag leads to further directories or data, which are not copied";
+        }
+        if (SizeOfType(kept.entry.Type).value == 0) {
+            return "a tag has a field type that is not known";
+        }
+        if (kept.entry.Tag == kStripOffsets || kept.entry.Tag == kStripByteCounts) {
+            return "the strips are given in a field type that is not known";
+        }
+    }
+    return nullptr;
+}
+
+/// Writers may give RowsPerStrip as SHORT, which no record takes.
+std::uint32_t CopyJob::RowsPerStrip(short dir) const {
+    for (const TiffCopy::KeptEntry& kept : KeptOf(dir)) {
+        if (kept.entry.Tag == kRowsPerStrip && kept.entry.Type == TIFF_SHORT) {
+            return kept.entry.ValueOffset;
+        }
+    }
+    return m_source.records[static_cast<std::size_t>(dir)].RowsPerStrip;
+}
+
+Result CopyJob::Plan() {
+    std::int64_t position = 8;
+    m_keptLeft = kKeptBytesPerByte * std::max(m_source.fileSize, kSmallFile);
+    m_images.resize(m_source.records.size());
+    for (std::size_t i = 0; i < m_images.size(); ++i) {
+        const auto dir = static_cast<short>(i);
+        const char* reason = RefusedTag(dir);
+        if (reason == nullptr) {
+            reason = PlanStrips(m_source.records[i], RowsPerStrip(dir), m_source.fileSize,
+                                m_images[i].plan);
+        }
+        m_images[i].offset = position;
+        m_total += m_images[i].plan.Bytes();
+        position += Even(m_images[i].plan.Bytes());
+        if (reason == nullptr && position > kLargestFile) {
+            reason = "the copy would be larger than 2 GiB";
+        }
+        if (reason != nullptr) {
+            return {Outcome::Refused, dir, reason};
+        }
+    }
+    m_imagesEnd = position;
+    return {};
+}
+
+Result CopyJob::Run(const char* name, TiffCopy::Progress progress, void* context) {
+    OutputFile output;
+    if (!output.Create(name)) {
+        return {Outcome::OutputFailed, -1, "the output could not be created"};
+    }
+    const std::uint16_t words[2] = {m_order, SwapSHORT(kVersion, m_order)};
+    const std::uint32_t first = SwapLONG(static_cast<std::uint32_t>(m_imagesEnd), m_order);
+    if (!output.Write(words, sizeof(words)) || !output.Write(&first, sizeof(first))) {
+        return kNotWritten;
+    }
+    Result result = CopyImages(output, progress, context);
+    if (result.outcome == Outcome::Done) {
+        result = WriteDirectories(output);
+    }
+    if (result.outcome == Outcome::Done && !output.Commit()) {
+        result = kNotWritten;
+    }
+    return result;
+}
+
+Result CopyJob::CopyImages(OutputFile& output, TiffCopy::Progress progress, void* context) {
+    const ChunkBuffer buffer;
+    if (buffer.Bytes() == nullptr) {
+        return {Outcome::NoMemory, -1, "memory is exhausted"};
+    }
+    std::int64_t done = 0;
+    const auto goOn = [&](std::int64_t bytes) {
+        done += bytes;
+        return progress == nullptr || progress(context, done, m_total) == 0;
+    };
+    for (const Image& image : m_images) {
+        const std::uint32_t swapBytes = NeedsSwap() ? image.plan.swapBytes : 1;
+        for (const StripRun& run : image.plan.strips) {
+            Result result = CopyRun(m_source.file, output, run, swapBytes, buffer.Bytes(), goOn);
+            if (result.outcome != Outcome::Done) {
+                result.dir = static_cast<short>(&image - m_images.data());
+                return result;
+            }
+        }
+        constexpr char kPadding = 0;
+        if (image.plan.Bytes() % 2 != 0 && !output.Write(&kPadding, 1)) {
+            return kNotWritten;
+        }
+    }
+    return {};
+}
+
+Result CopyJob::WriteDirectories(OutputFile& output) {
+    std::int64_t position = m_imagesEnd;
+    for (std::size_t i = 0; i < m_images.size(); ++i) {
+        const auto dir = static_cast<short>(i);
+        DirectoryBytes directory(m_order);
+        if (const char* reason = CollectEntries(dir, directory)) {
+            return {Outcome::SourceFailed, dir, reason};
+        }
+        const std::vector<std::uint8_t> bytes =
+            directory.At(static_cast<std::uint32_t>(position), i + 1 < m_images.size());
+        position += static_cast<std::int64_t>(bytes.size());
+        if (position > kLargestFile) {
+            return {Outcome::Refused, dir, "the copy would be larger than 2 GiB"};
+        }
+        if (!output.Write(bytes.data(), bytes.size())) {
+            return kNotWritten;
+        }
+    }
+    return {};
+}
+
+const char* CopyJob::CollectEntries(short dir, DirectoryBytes& directory) {
+    const auto index = static_cast<std::size_t>(dir);
+    WalkEntries(m_source.records[index], [&](const TagRow& row, const EntryValue& value) {
+        if (!IsOwn(row.tag)) {
+            directory.Add(value);
+        }
+    });
+    AddStrips(m_images[index], directory);
+    for (const TiffCopy::KeptEntry& kept : KeptOf(dir)) {
+        if (!IsOwn(kept.entry.Tag) && !directory.Has(kept.entry.Tag)) {
+            if (const char* reason = AddKept(kept.entry, directory)) {
+                return reason;
+            }
+        }
+    }
+    if (!directory.Has(kNewSubfileType) && !directory.Has(kSubfileType)) {
+        directory.Add({kNewSubfileType, TIFF_LONG, 1, 0});
+    }
+    return nullptr;
+}
+
+/// One strip a plane, back to back.
+void CopyJob::AddStrips(const Image& image, DirectoryBytes& directory) {
+    if (image.plan.strips.empty()) {
+        return;
+    }
+    const auto planes = static_cast<std::size_t>(image.plan.planes);
+    const auto add = [&](std::uint16_t tag) {
+        const bool single = m_numbers.size() == 1;
+        directory.Add({tag, TIFF_LONG, static_cast<std::int32_t>(m_numbers.size()),
+                       single ? static_cast<std::intptr_t>(m_numbers[0])
+                              : reinterpret_cast<std::intptr_t>(m_numbers.data())});
+    };
+    m_numbers.clear();
+    for (std::size_t i = 0; i < planes; ++i) {
+        m_numbers.push_back(static_cast<std::uint32_t>(image.offset + static_cast<std::int64_t>(i) *
+                                                                          image.plan.planeBytes));
+    }
+    add(kStripOffsets);
+    m_numbers.assign(planes, static_cast<std::uint32_t>(image.plan.planeBytes));
+    add(kStripByteCounts);
+    m_numbers.assign(1, static_cast<std::uint32_t>(image.plan.rows));
+    add(kRowsPerStrip);
+}
+
+const char* CopyJob::AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& directory) {
+    const TypeSize type = SizeOfType(entry.Type);
+    const std::int64_t size = std::int64_t{entry.Count} * type.value;
+    if (size > m_keptLeft) {
+        return "the tags' values take more than the file has";
+    }
+    m_keptLeft -= size;
+    const std::uint32_t field = RawField(entry, m_source.order);
+    RawValue value = {entry.Tag, entry.Type, entry.Count, {}};
+    if (size <= 4) {
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(&field);
+        value.bytes.assign(bytes, bytes + size);
+    } else {
+        const auto offset = static_cast<std::int32_t>(SwapLONG(field, m_source.order));
+        std::uint8_t* block = m_fetcher.CreateBLOCK(m_source.file, offset, static_cast<long>(size));
+        if (block == nullptr) {
+            return "a tag's values cannot be had";
+        }
+        value.bytes.assign(block, block + size);
+        m_fetcher.DeleteBLOCK(block);
+    }
+    ConvertElements(value.bytes.data(), value.bytes.data(), value.bytes.size() / type.element,
+                    type.element, m_source.order);
+    directory.Add(std::move(value));
+    return nullptr;
+}
+
+}  // namespace platen::tiff

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include <platen/tiff/TiffCopy.h>
+#include <platen/tiff/directory_bytes.h>
+#include <platen/tiff/output_file.h>
+#include <platen/tiff/strip_plan.h>
+
+namespace platen::tiff {
+
+/// What a copy is made of. Everything belongs to the source object.
+struct CopySource {
+    std::span<const TiffCopy::KeptEntry> kept;
+    std::span<const TiffIFDStdDirStruct> records;
+    void* file;
+    std::int64_t fileSize;
+    std::uint16_t order;
+};
+
+/// One copy: plans every image first, so that a refusal costs nothing, then writes the header, all
+/// images, and the directories behind them.
+class CopyJob {
+  public:
+    CopyJob(Tiff& fetcher, const CopySource& source, std::uint16_t order)
+        : m_fetcher(fetcher), m_source(source), m_order(order) {}
+
+    TiffCopy::Result Plan();
+    TiffCopy::Result Run(const char* name, TiffCopy::Progress progress, void* context);
+
+  private:
+    struct Image {
+        StripPlan plan;
+        std::int64_t offset = 0;  ///< in the copy
+    };
+
+    [[nodiscard]] std::span<const TiffCopy::KeptEntry> KeptOf(short dir) const;
+    [[nodiscard]] const char* RefusedTag(short dir) const;
+    [[nodiscard]] std::uint32_t RowsPerStrip(short dir) const;
+    [[nodiscard]] bool NeedsSwap() const { return m_order != m_source.order; }
+
+    TiffCopy::Result CopyImages(OutputFile& output, TiffCopy::Progress progress, void* context);
+    TiffCopy::Result WriteDirectories(OutputFile& output);
+    const char* CollectEntries(short dir, DirectoryBytes& directory);
+    void AddStrips(const Image& image, DirectoryBytes& directory);
+    const char* AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& directory);
+
+    Tiff& m_fetcher;
+    CopySource m_source;
+    std::uint16_t m_order;
+    std::vector<Image> m_images;
+    std::int64_t m_imagesEnd = 0;
+    std::int64_t m_total = 0;  ///< bytes of image data
+    std::int64_t m_keptLeft = 0;
+    std::vector<std::uint32_t> m_numbers;  ///< lives while a directory is collected
+};
+
+}  // namespace platen::tiff

@@ -1,0 +1,77 @@
+#include <platen/tiff/output_file.h>
+
+#include <limits>
+#include <random>
+#include <string>
+#include <system_error>
+
+#include <platen/base/files.h>
+
+namespace platen::tiff {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr LONG kWrite = 1;
+constexpr int kTries = 16;
+
+/// A name beside the file that nothing has yet, or an empty path.
+fs::path FreeNameBeside(const fs::path& name) {
+    std::random_device random;
+    for (int i = 0; i < kTries; ++i) {
+        fs::path candidate = name;
+        candidate += "." + std::to_string(random()) + ".part";
+        std::error_code error;
+        if (fs::symlink_status(candidate, error).type() == fs::file_type::not_found) {
+            return candidate;
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+OutputFile::~OutputFile() {
+    if (m_file != nullptr) {
+        FILE_close(m_file);
+        std::error_code ignored;
+        fs::remove(m_temporary, ignored);
+    }
+}
+
+bool OutputFile::Create(const char* name) {
+    std::error_code error;
+    m_name = fs::weakly_canonical(name, error);
+    const fs::file_type type = fs::status(m_name, error).type();
+    if (m_name.empty() || (type != fs::file_type::not_found && type != fs::file_type::regular)) {
+        return false;
+    }
+    m_temporary = FreeNameBeside(m_name);
+    void* file = m_temporary.empty() ? FILE_none() : FILE_creat(m_temporary.string().c_str(), 0);
+    m_file = file == FILE_none() ? nullptr : file;
+    return m_file != nullptr;
+}
+
+bool OutputFile::Write(const void* bytes, std::size_t size) {
+    return size <= std::numeric_limits<std::int32_t>::max() &&
+           (size == 0 ||
+            FILE_write(m_file, bytes, static_cast<LONG>(size)) == static_cast<LONG>(size));
+}
+
+bool OutputFile::Commit() {
+    FILE_close(m_file);
+    m_file = nullptr;
+    std::error_code error;
+    const fs::file_status old = fs::status(m_name, error);
+    if (old.type() == fs::file_type::regular) {
+        fs::permissions(m_temporary, old.permissions(), error);
+    }
+    fs::rename(m_temporary, m_name, error);
+    if (error) {
+        std::error_code ignored;
+        fs::remove(m_temporary, ignored);
+    }
+    return !error;
+}
+
+}  // namespace platen::tiff
