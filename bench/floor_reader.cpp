@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 #include <bench/readers.h>
 
@@ -61,12 +62,14 @@ class Parser {
         if (header == nullptr || Get16(header + 2) != 42) {
             return 0;
         }
-        std::uint64_t sum = 0;
+        std::vector<PageValues> pages;
         for (std::uint32_t offset = Get32(header + 4); offset != 0;) {
-            PageValues page;
-            if (!Directory(offset, page)) {
+            if (!Directory(offset, pages.emplace_back())) {
                 return 0;
             }
+        }
+        std::uint64_t sum = 0;
+        for (const PageValues& page : pages) {
             sum += page.Sum();
         }
         return sum;

@@ -41,8 +41,8 @@ std::uint64_t ReadWithPlaten(const char* name);
 /// Its warnings and errors are not printed.
 std::uint64_t ReadWithLibtiff(const char* name);
 
-/// The least that reading can cost: the whole file with one `pread`, then parsing in memory with
-/// the checks that keep it inside the file, one directory's values at a time.
+/// The least that the job can cost: the whole file with one `pread`, then parsing in memory, with
+/// the checks that keep it inside the file, into an array of all directories' values.
 std::uint64_t ReadWithFloor(const char* name);
 
 }  // namespace platen::bench

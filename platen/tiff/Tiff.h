@@ -255,7 +255,10 @@ class PLATEN_API Tiff : public CObject {
     };
 
     long Fail(std::int32_t status);
-    [[nodiscard]] TiffIFDStdDirStruct* RecordAt(short dir) const;
+    /// Null for an index outside the records.
+    [[nodiscard]] TiffIFDStdDirStruct* RecordAt(short dir) const {
+        return m_StdDir != nullptr && dir >= 0 && dir < m_NumIFDStdDir ? m_StdDir + dir : nullptr;
+    }
     [[nodiscard]] short LastDir() const { return static_cast<short>(m_NumIFDStdDir - 1); }
     [[nodiscard]] std::uint16_t Order() const { return static_cast<std::uint16_t>(m_Format); }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -23,6 +24,20 @@ auto* HeaderOf(T* block) {
     return reinterpret_cast<Header*>(block) - 1;
 }
 
+/// Memory for a header and `bytes` zeroes behind it, or null. Most blocks are small, and for those
+/// the heap serves `malloc` faster than `calloc`.
+inline void* NewZeroed(std::size_t bytes) {
+    constexpr std::size_t kSmall = 512;
+    if (bytes > kSmall) {
+        return std::calloc(1, sizeof(BlockHeader) + bytes);
+    }
+    void* memory = std::malloc(sizeof(BlockHeader) + bytes);
+    if (memory != nullptr) {
+        std::memset(static_cast<BlockHeader*>(memory) + 1, 0, bytes);
+    }
+    return memory;
+}
+
 }  // namespace detail
 
 /// A new zero-filled block of `count` elements, or null.
@@ -33,11 +48,10 @@ T* NewBlock(std::size_t count) {
         return nullptr;
     }
     const std::size_t bytes = count * sizeof(T);
-    void* memory = std::calloc(1, sizeof(detail::BlockHeader) + bytes);
-    if (memory == nullptr) {
+    auto* header = static_cast<detail::BlockHeader*>(detail::NewZeroed(bytes));
+    if (header == nullptr) {
         return nullptr;
     }
-    auto* header = static_cast<detail::BlockHeader*>(memory);
     header->bytes = bytes;
     return reinterpret_cast<T*>(header + 1);
 }

@@ -89,11 +89,6 @@ long Tiff::Fail(std::int32_t status) {
     return status;
 }
 
-/// Null for an index outside the records.
-TiffIFDStdDirStruct* Tiff::RecordAt(short dir) const {
-    return m_StdDir != nullptr && dir >= 0 && dir < m_NumIFDStdDir ? m_StdDir + dir : nullptr;
-}
-
 long Tiff::AllocStdTiff() {
     m_StdDir = static_cast<TiffIFDStdDirStruct*>(MEM_NewPtr(kRecordSize, kBlockFlags));
     if (m_StdDir == nullptr) {

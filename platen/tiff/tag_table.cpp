@@ -170,10 +170,11 @@ static_assert(std::ranges::count(kStandardIndex, kNoRow) +
                   static_cast<std::ptrdiff_t>(kTagCount) ==
               static_cast<std::ptrdiff_t>(kStandardIndex.size() + kPrivateIndex.size()));
 
+/// A tag before the first wraps round to one far behind the last.
 template <std::size_t N>
 const TagRow* FindIn(const std::array<std::uint8_t, N>& index, int place) {
-    const auto at = static_cast<std::size_t>(place);
-    return place >= 0 && at < N && index[at] != kNoRow ? &kTags[index[at]] : nullptr;
+    const auto at = static_cast<unsigned>(place);
+    return at < N && index[at] != kNoRow ? &kTags[index[at]] : nullptr;
 }
 
 constexpr Rational kNoRational = {kNone32, kNone32};

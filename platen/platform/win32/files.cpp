@@ -104,6 +104,20 @@ HFILE Open(LPCSTR name, int flags, mode_t permissions) {
     return descriptor;
 }
 
+LONG MoveTo(OpenFile& state, std::int64_t target) {
+    if (target < 0 || target > std::numeric_limits<LONG>::max()) {
+        return HFILE_ERROR;
+    }
+    state.position = static_cast<off_t>(target);
+    return static_cast<LONG>(target);
+}
+
+LONG MoveFromEnd(HFILE file, OpenFile& state, LONG offset) {
+    state.windows.DropAll();
+    const std::int64_t end = lseek(file, 0, SEEK_END);
+    return end < 0 ? HFILE_ERROR : MoveTo(state, end + offset);
+}
+
 }  // namespace
 
 HFILE _lcreat(LPCSTR name, int attribute) {
@@ -152,24 +166,16 @@ LONG _llseek(HFILE file, LONG offset, int origin) {
     if (state == nullptr) {
         return HFILE_ERROR;
     }
-    std::int64_t base = 0;
-    if (origin == 1) {
-        base = state->position;
-    } else if (origin == 2) {
-        state->windows.DropAll();
-        base = lseek(file, 0, SEEK_END);
-        if (base < 0) {
+    switch (origin) {
+        case 0:
+            return MoveTo(*state, offset);
+        case 1:
+            return MoveTo(*state, state->position + std::int64_t{offset});
+        case 2:
+            return MoveFromEnd(file, *state, offset);
+        default:
             return HFILE_ERROR;
-        }
-    } else if (origin != 0) {
-        return HFILE_ERROR;
     }
-    const std::int64_t target = base + offset;
-    if (target < 0 || target > std::numeric_limits<LONG>::max()) {
-        return HFILE_ERROR;
-    }
-    state->position = target;
-    return static_cast<LONG>(target);
 }
 
 BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* information) {
