@@ -20,7 +20,9 @@ fs::path FreeNameBeside(const fs::path& name) {
     std::random_device random;
     for (int i = 0; i < kTries; ++i) {
         fs::path candidate = name;
-        candidate += "." + std::to_string(random()) + ".part";
+        candidate += '.';
+        candidate += std::to_string(random());
+        candidate += ".part";
         std::error_code error;
         if (fs::symlink_status(candidate, error).type() == fs::file_type::not_found) {
             return candidate;
