@@ -40,7 +40,7 @@ template <typename T>
 std::string List(const T* values, std::size_t count) {
     std::string text = values == nullptr ? " null" : "";
     for (std::size_t i = 0; values != nullptr && i < count; ++i) {
-        text += " " + Shown(values[i]);
+        text.append(" ").append(Shown(values[i]));
     }
     return text;
 }
@@ -56,7 +56,8 @@ Show Ratio(Rational Record::*member) {
 
 Show String(char* Record::*member) {
     return [member](const Record& record) {
-        return record.*member == nullptr ? "null" : "'" + std::string(record.*member) + "'";
+        return record.*member == nullptr ? "null"
+                                         : std::string("'").append(record.*member).append("'");
     };
 }
 
@@ -93,7 +94,7 @@ const std::string kNoLong = "4294967295";
 const std::string kNoRatio = "4294967295/4294967295";
 const std::string kNoArray = "0: null";
 const std::string kNoOffsets = "0: null | null";
-const std::string kTwoNoRatios = " " + kNoRatio + " " + kNoRatio;
+const std::string kTwoNoRatios = std::string(" ") + kNoRatio + " " + kNoRatio;
 const std::string kSixNoRatios = kTwoNoRatios + kTwoNoRatios + kTwoNoRatios;
 
 // clang-format off
@@ -171,7 +172,7 @@ struct Sample {
 };
 
 std::string Datum(const std::string& text) {
-    return " Data: " + text + "\r\n";
+    return std::string(" Data: ").append(text).append("\r\n");
 }
 
 std::string Items(const std::vector<std::string>& ratios) {
@@ -245,7 +246,7 @@ std::vector<Sample> Samples(Kind kind, std::uint16_t tag, Order order) {
                     {Shorts(tag, {1, 2, 3}), intel ? " 26 0" : " 0 26",
                      intel ? "\r\n26 0 \r\n" : "\r\n0 26 \r\n"}};
         case Kind::TwoRatios:
-            return {{Rationals(tag, {{1, 2}}), " 1/2 " + kNoRatio, Datum("1/2")},
+            return {{Rationals(tag, {{1, 2}}), std::string(" 1/2 ") + kNoRatio, Datum("1/2")},
                     {Rationals(tag, {{1, 2}, {3, 4}}), " 1/2 3/4", Items({"1/2", "3/4"})},
                     {Rationals(tag, seven), " 1/2 3/4", Items({"1/2", "3/4"})},
                     {noRatios, kTwoNoRatios, Datum("-1/-1"), -4}};
@@ -378,14 +379,14 @@ TEST(ColorTable, ItsValuesAreCutWrongOrMiscounted) {
     std::string kept;
     for (std::uint32_t i = 0; i < 256; ++i) {
         numbers.push_back(1000 + i);
-        kept += i < 17 ? " " + std::to_string(1000 + i) : "";
+        kept.append(i < 17 ? " " : "").append(i < 17 ? std::to_string(1000 + i) : "");
     }
     for (const Order order : kOrders) {
         const Entry entry = Shorts(33447, numbers);
         const ReadTiff<> read = ReadEntry(order, entry);
-        EXPECT_EQ(kColorTable(read.Record()), "26,256:" + kept + " 0");
+        EXPECT_EQ(kColorTable(read.Record()), std::string("26,256:") + kept + " 0");
         ExpectFresh(read.Record(), 33447);
-        const std::string items = "\r\n" + kept.substr(1) + " 0 \r\n";
+        const std::string items = std::string("\r\n") + kept.substr(1) + " 0 \r\n";
         EXPECT_EQ(read.Report(), Report(order, "ColorTable", entry, items));
     }
     EXPECT_EQ(kColorTable(ReadEntry(Order::Intel, Shorts(33447, {9, 8, 7})).Record()),

@@ -1,0 +1,226 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <platen/tiff/Tiff.h>
+
+#include "tests/support/hostile_files.h"
+#include "tests/support/read_tiff.h"
+#include "tests/support/tiff_builder.h"
+
+namespace {
+
+using platen::test::Build;
+using platen::test::Bytes;
+using platen::test::HostileFiles;
+using platen::test::kOrders;
+using platen::test::Longs;
+using platen::test::NamedFile;
+using platen::test::Order;
+using platen::test::Pages;
+using platen::test::Rationals;
+using platen::test::ReadTiff;
+using platen::test::Shorts;
+using platen::test::Text;
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
+/// The sanitizer's own cost: slower code, shadow memory, freed blocks that are kept a while.
+constexpr int kSlack = kSanitized ? 10 : 1;
+constexpr double kMostSeconds = 0.5 * kSlack;
+
+/// 80 MiB; a file that is made to reach every limit at once may take 48 times its size.
+long MostKibibytes(const Bytes& bytes) {
+    return kSlack * std::max(80L * 1024, 48 * static_cast<long>(bytes.size()) / 1024);
+}
+
+struct Cost {
+    double seconds = 0;
+    long kibibytes = 0;
+    bool sound = false;
+};
+
+double Seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+/// A status of the known ones, records that can be walked, a report that is whole or gone.
+template <typename Reader>
+bool IsSound(const ReadTiff<Reader>& read) {
+    const long known[] = {1, -2, -3, -4};
+    std::size_t letters = 0;
+    for (short dir = 0; dir < read.Count(); ++dir) {
+        const TiffIFDStdDirStruct& record = read.Record(dir);
+        letters += record.Software == nullptr ? 0 : std::string_view(record.Software).size();
+        letters += record.FileUnits == nullptr ? 0 : std::string_view(record.FileUnits).size();
+    }
+    const std::string report = read.Report();
+    const auto most = 32 * static_cast<std::size_t>(std::max(read.tiff.getFileSize(), 1L << 20U));
+    return letters <= most && std::ranges::find(known, read.status) != std::end(known) &&
+           (report == "(abandoned)" || report.find('\0') == std::string::npos);
+}
+
+/// Reads in a process of its own, whose time and peak of memory nothing else has part in.
+Cost Measure(const Bytes& bytes) {
+    int ends[2] = {};
+    if (pipe(ends) != 0) {
+        return {};
+    }
+    const pid_t child = fork();
+    if (child == 0) {
+        rusage before = {};
+        rusage after = {};
+        getrusage(RUSAGE_SELF, &before);
+        const ReadTiff<> read(bytes);
+        getrusage(RUSAGE_SELF, &after);
+        const Cost cost = {Seconds(after.ru_utime) + Seconds(after.ru_stime) -
+                               Seconds(before.ru_utime) - Seconds(before.ru_stime),
+                           after.ru_maxrss - before.ru_maxrss, IsSound(read)};
+        _exit(write(ends[1], &cost, sizeof(cost)) == sizeof(cost) ? 0 : 1);
+    }
+    close(ends[1]);
+    Cost cost;
+    if (read(ends[0], &cost, sizeof(cost)) != sizeof(cost)) {
+        cost = {};
+    }
+    close(ends[0]);
+    waitpid(child, nullptr, 0);
+    return cost;
+}
+
+TEST(Hostile, AFileCostsTimeOrMemory) {
+    for (const NamedFile& file : HostileFiles()) {
+        const Cost cost = Measure(file.bytes);
+        EXPECT_TRUE(cost.sound) << file.name;
+        EXPECT_LT(cost.seconds, kMostSeconds) << file.name;
+        EXPECT_LT(cost.kibibytes, MostKibibytes(file.bytes)) << file.name;
+    }
+}
+
+TEST(Hostile, ALoopIsWalkedTwiceOrItsRecordsAreLost) {
+    const struct {
+        const char* name;
+        short records;
+    } cases[] = {{"loop of one", 1},
+                 {"loop of two", 2},
+                 {"loop of a thousand", 1000},
+                 {"loop behind a head", 1000}};
+    const std::vector<NamedFile> files = HostileFiles();
+    for (const auto& test : cases) {
+        const auto file = std::ranges::find(files, test.name, &NamedFile::name);
+        const ReadTiff<> read(file->bytes);
+        EXPECT_EQ(read.status, -3) << test.name;
+        ASSERT_EQ(read.Count(), test.records) << test.name;
+        EXPECT_EQ(read.Record(static_cast<short>(test.records - 1)).ImageWidth, test.records - 1);
+    }
+}
+
+TEST(Hostile, MoreDirectoriesThanAnIndexNamesOverrunTheRecords) {
+    for (const Order order : kOrders) {
+        for (const std::uint32_t count : {32767U, 32768U, 40000U}) {
+            const ReadTiff<> read(Pages(count, order));
+            EXPECT_EQ(read.status, count == 32767 ? 1 : -3);
+            ASSERT_EQ(read.Count(), 32767);
+            for (short dir = 0; dir < 32766; ++dir) {
+                ASSERT_EQ(read.Record(dir).ImageWidth, dir);
+                ASSERT_EQ(read.Record(dir).NumEntries, 1);
+            }
+            EXPECT_EQ(read.Record(32766).ImageWidth, 32766);
+        }
+    }
+}
+
+/// Legal sharing of values stays far below what a read may spend.
+TEST(Hostile, AGoodFileIsTakenForAHostileOne) {
+    std::vector<std::uint32_t> map(768, 7);
+    const auto page = [&map] {
+        return platen::test::Directory{
+            {Shorts(320, map), Text(305, std::string(200, 's')), Longs(256, {1})}};
+    };
+    const ReadTiff<> read(
+        Build({.directories = std::vector<platen::test::Directory>(3000, page())}));
+    EXPECT_EQ(read.status, 1);
+    EXPECT_EQ(read.Count(), 3000);
+    EXPECT_NE(read.Report(), "(abandoned)");
+}
+
+TEST(Hostile, CountsBeyondTheFileTakeMemory) {
+    const std::vector<NamedFile> files = HostileFiles();
+    const ReadTiff<> read(std::ranges::find(files, "huge counts", &NamedFile::name)->bytes);
+    EXPECT_EQ(read.status, -4);
+    EXPECT_EQ(read.Record().BitsPerSample, nullptr);
+    EXPECT_EQ(read.Record().BitsPerSampleCount, 0x7FFFFFFFU);
+    EXPECT_EQ(read.Record().Software, nullptr);
+}
+
+Bytes GoodFile(Order order) {
+    return Build({.order = order,
+                  .data = Bytes(20, 'd'),
+                  .directories = {{{Shorts(258, {8, 8, 8}), Longs(273, {8, 9}), Text(305, "abcdef"),
+                                    Rationals(282, {{1, 2}}), Shorts(33447, {1, 2, 3, 4})}},
+                                  {{Text(271, "ab"), Rationals(319, {{1, 2}, {3, 4}})}},
+                                  {{Longs(33445, {1})}}}});
+}
+
+TEST(Hostile, ATruncationOfAGoodFileIsMisread) {
+    for (const Order order : kOrders) {
+        const Bytes whole = GoodFile(order);
+        const ReadTiff<> full(whole);
+        ASSERT_EQ(full.status, 1);
+        ASSERT_EQ(full.Count(), 3);
+        for (std::size_t size = 0; size < whole.size(); ++size) {
+            const ReadTiff<> read(whole.substr(0, size));
+            EXPECT_TRUE(IsSound(read)) << size;
+            EXPECT_LE(read.Count(), 3) << size;
+            EXPECT_EQ(read.tiff.getFileSize(), static_cast<long>(size));
+            // The zeros of a cut big-endian offset read as an empty chain.
+            const bool empty = order == Order::Motorola && size > 4 && size < 8;
+            EXPECT_TRUE(read.status != 1 || size > 28 || empty) << size;
+        }
+    }
+}
+
+/// Cuts its file down to `size` bytes while entry number `at` is parsed.
+class ShrinkingTiff : public Tiff {
+  public:
+    long ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) override {
+        if (at-- == 0 && truncate(GetFileName(), size) != 0) {
+            return 0;
+        }
+        return Tiff::ParseIFDStdDir(file, entry, dir);
+    }
+    int at = 0;
+    off_t size = 0;
+};
+
+TEST(Hostile, AFileThatShrinksWhileItIsReadCrashesTheReader) {
+    Bytes large = GoodFile(Order::Intel);
+    large.resize(300000, 'x');
+    for (const Bytes& bytes : {GoodFile(Order::Motorola), large}) {
+        for (int at = 0; at < 8; ++at) {
+            for (const off_t size : {0, 4, 10, 60, 150}) {
+                const platen::test::TemporaryFile file(bytes);
+                ShrinkingTiff tiff;
+                tiff.at = at;
+                tiff.size = size;
+                tiff.ReadSetDump(1);
+                void* handle = tiff.Open(file.Name(), 0);
+                const long status = tiff.Read(handle);
+                EXPECT_TRUE(status == 1 || status == -3) << status;
+                EXPECT_GE(tiff.getFileNumIFDStdDir(), 1);
+                EXPECT_NE(platen::test::ReportOf(tiff), "(abandoned)");
+                tiff.Close(handle);
+            }
+        }
+    }
+}
+
+}  // namespace
