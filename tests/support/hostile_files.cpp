@@ -51,9 +51,15 @@ Bytes Overlapping(const std::vector<Entry>& entries, std::uint32_t count, std::u
                   std::uint32_t length) {
     Bytes bytes = Build({.first = kHeader});
     bytes += Bytes(2, '\0');  // the first directory's count
-    for (std::size_t i = 0; i < (count - 1) * step + length + 1; ++i) {
-        bytes += Build({.directories = {{{entries[i % entries.size()]}}}}).substr(10, 12);
+    Bytes pattern;
+    for (const Entry& entry : entries) {
+        pattern += Build({.directories = {{{entry}}}}).substr(10, 12);
     }
+    const std::size_t size = bytes.size() + ((count - 1) * step + length + 1) * 12;
+    while (bytes.size() < size) {
+        bytes += pattern;
+    }
+    bytes.resize(size);
     for (std::uint32_t i = 0; i < count; ++i) {
         Patch(bytes, kHeader + i * step * 12, length, 2, Order::Intel);
     }

@@ -1,0 +1,223 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <new>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <platen/base/buffer.h>
+#include <platen/base/files.h>
+#include <platen/base/memory.h>
+#include <platen/tiff/Tiff.h>
+
+#include "tests/support/temporary_file.h"
+#include "tests/support/tiff_builder.h"
+
+/// Memory that runs out at every allocation in turn. Leaks and bad accesses show under the address
+/// sanitizer.
+namespace {
+
+struct Failure {
+    int countdown = 0;  ///< allocations until the one that fails; 0: none fails
+    bool lasting = false;
+    bool happened = false;
+};
+Failure g_failure;
+
+bool Fails() {
+    if (g_failure.countdown == 0 || --g_failure.countdown > 0) {
+        return false;
+    }
+    g_failure.countdown = g_failure.lasting ? 1 : 0;
+    g_failure.happened = true;
+    return true;
+}
+
+}  // namespace
+
+extern "C" {
+void* __real_malloc(std::size_t size);
+void* __real_calloc(std::size_t count, std::size_t size);
+void* __real_realloc(void* block, std::size_t size);
+
+void* __wrap_malloc(std::size_t size) {
+    return Fails() ? nullptr : __real_malloc(size);
+}
+void* __wrap_calloc(std::size_t count, std::size_t size) {
+    return Fails() ? nullptr : __real_calloc(count, size);
+}
+void* __wrap_realloc(void* block, std::size_t size) {
+    return Fails() ? nullptr : __real_realloc(block, size);
+}
+}
+
+// The library's few uses of `new` never throw; they are to fail as well.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return std::malloc(size);
+}
+void* operator new(std::size_t size) {
+    void* block = __real_malloc(size);
+    return block != nullptr ? block : throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept {
+    std::free(block);
+}
+void operator delete(void* block, std::size_t /*size*/) noexcept {
+    std::free(block);
+}
+void operator delete(void* block, const std::nothrow_t& /*tag*/) noexcept {
+    std::free(block);
+}
+
+namespace {
+
+using platen::test::Build;
+using platen::test::Directory;
+using platen::test::Longs;
+using platen::test::Rationals;
+using platen::test::Shorts;
+using platen::test::TemporaryFile;
+using platen::test::Text;
+using platen::test::Word;
+
+/// Runs `pass` with allocation 1, 2, 3... failing, alone and with all after it, until it needs no
+/// more of them. Answers how many failures there were.
+template <typename Pass>
+int FailInTurn(Pass pass) {
+    int failures = 0;
+    for (const bool lasting : {false, true}) {
+        for (int i = 1;; ++i) {
+            g_failure = {i, lasting, false};
+            pass();
+            const bool happened = g_failure.happened;
+            g_failure = {};
+            if (!happened) {
+                break;
+            }
+            ++failures;
+        }
+    }
+    return failures;
+}
+
+/// What a pass saw, without an allocation of its own.
+struct Outcome {
+    bool opened = false;
+    long status = 0;
+    short count = 0;
+    bool hasRecords = false;
+    std::uint32_t reportSize = 0;
+    std::uint32_t reportLength = 0;
+    std::int32_t lastWidth = 0;
+};
+
+Outcome ReadOnce(const char* name, std::vector<char>& report) {
+    Outcome outcome;
+    Tiff tiff;
+    tiff.ReadSetDump(1);
+    void* file = tiff.Open(name, 0);
+    outcome.opened = file != FILE_none();
+    outcome.status = tiff.Read(file);
+    outcome.count = tiff.getFileNumIFDStdDir();
+    outcome.hasRecords = tiff.getStdDir() != nullptr;
+    for (short dir = 0; dir < outcome.count; ++dir) {
+        static_cast<void>(tiff.IsTIFF(dir));
+        static_cast<void>(tiff.IsTIFFClassP(dir));
+        outcome.lastWidth = tiff.getStdDir()[dir].ImageWidth;
+    }
+    static_cast<void>(tiff.GetXKoldIFDDir());
+    outcome.reportSize = tiff.DumpGetSize();
+    if (outcome.reportSize != 0 && outcome.reportSize <= report.size()) {
+        tiff.DumpGetData(report.data());
+        outcome.reportLength = static_cast<std::uint32_t>(std::string_view(report.data()).size());
+    }
+    tiff.Close(file);
+    return outcome;
+}
+
+TEST(FailingMemory, AReadLeaksOrDisagreesWithItself) {
+    std::vector<Directory> directories(
+        40, {{Shorts(258, {8, 8, 8}), Longs(256, {7}), Text(305, "a text"), Text(271, "ab"),
+              Rationals(282, {{1, 2}}), Longs(273, {1}), Shorts(33447, {1, 2, 3}),
+              Rationals(318, {{1, 2}, {3, 4}}), Longs(34000, {1})}});
+    const TemporaryFile file(Build({.directories = directories}));
+    std::vector<char> report(200000);
+    const Outcome whole = ReadOnce(file.Name(), report);
+    ASSERT_EQ(whole.status, 1);
+    ASSERT_EQ(whole.count, 40);
+    ASSERT_EQ(whole.reportSize, whole.reportLength + 1);
+    bool passed = false;
+    const int failures = FailInTurn([&] {
+        const Outcome outcome = ReadOnce(file.Name(), report);
+        passed = !g_failure.happened;
+        const long known[] = {1, -3, -4};
+        EXPECT_NE(std::ranges::find(known, outcome.status), std::end(known)) << outcome.status;
+        EXPECT_TRUE(outcome.opened || outcome.status == -3 || outcome.status == -4);
+        EXPECT_EQ(outcome.count > 0, outcome.hasRecords);
+        EXPECT_LE(outcome.count, 40);
+        EXPECT_TRUE(outcome.count == 0 || outcome.lastWidth == 7 || outcome.status != 1);
+        EXPECT_TRUE(outcome.reportSize == 0 || outcome.reportSize == outcome.reportLength + 1);
+        EXPECT_TRUE(g_failure.happened || (outcome.status == 1 && outcome.count == 40));
+    });
+    EXPECT_TRUE(passed);
+    EXPECT_GT(failures, 500) << "too few allocations were made to fail";
+}
+
+TEST(FailingMemory, AnObjectIsHalfBuilt) {
+    FailInTurn([] {
+        const std::unique_ptr<CObject> object(Tiff::CreateObject());
+        if (auto* tiff = static_cast<Tiff*>(object.get())) {
+            EXPECT_EQ(tiff->getFileNumIFDStdDir() > 0, tiff->getStdDir() != nullptr);
+            EXPECT_LE(tiff->DumpGetSize(), 1U);
+            const bool grown = tiff->ReAllocStdTiff() == 1;
+            EXPECT_EQ(tiff->getFileNumIFDStdDir() == 2, grown);
+            const bool named = tiff->SetFileName("name") == 1;
+            EXPECT_EQ(tiff->GetFileName() != nullptr, named);
+        }
+    });
+}
+
+TEST(FailingMemory, AFailedResizeLosesTheOldBlock) {
+    FailInTurn([] {
+        HGLOBAL handle = MEM_NewHandle(4, 0x42);
+        auto* pointer = static_cast<char*>(MEM_NewPtr(4, 0x42));
+        if (handle != nullptr) {
+            static_cast<char*>(MEM_LockHandle(handle))[3] = 'h';
+            HGLOBAL grown = MEM_ReNewHandle(handle, 100000, 0x42);
+            EXPECT_EQ(MEM_LogSizeHandle(grown == nullptr ? handle : grown),
+                      grown == nullptr ? 4U : 100000U);
+            handle = grown == nullptr ? handle : grown;
+            EXPECT_EQ(static_cast<char*>(MEM_LockHandle(handle))[3], 'h');
+        }
+        if (pointer != nullptr) {
+            pointer[3] = 'p';
+            auto* grown = static_cast<char*>(MEM_ReNewPtr(pointer, 100000, 0x42));
+            pointer = grown == nullptr ? pointer : grown;
+            EXPECT_EQ(pointer[3], 'p');
+        }
+        MEM_FreeHandle(handle);
+        MEM_FreePtr(pointer);
+    });
+}
+
+TEST(FailingMemory, ABufferOrAFileIsTakenForOne) {
+    const TemporaryFile file("abc");
+    FailInTurn([&file] {
+        const CBuffer buffer(100);
+        CBuffer copy = buffer;
+        copy = CBuffer(50);
+        EXPECT_EQ(copy.GetSize(), 50U);
+        LONG attribute = 0;
+        void* handle = FILE_open(file.Name(), 0, &attribute);
+        EXPECT_EQ(attribute, handle == FILE_none() ? -1 : 0);
+        char bytes[3] = {};
+        const LONG got = FILE_read(handle, bytes, 3);
+        EXPECT_TRUE(got == 3 || got == -1) << got;
+        FILE_close(handle);
+    });
+}
+
+}  // namespace
