@@ -16,6 +16,7 @@ namespace {
 
 /// Movable and zero-filled: what every block of the object is taken with.
 constexpr DWORD kBlockFlags = 0x42;
+constexpr DWORD kMovable = 0x02;
 constexpr std::size_t kRecordSize = sizeof(TiffIFDStdDirStruct);
 constexpr std::uint64_t kLargestBlock = std::numeric_limits<std::int32_t>::max();
 /// What a block of values may exceed its file by.
@@ -105,13 +106,12 @@ long Tiff::ReAllocStdTiff() {
         return Fail(-4);
     }
     const auto count = static_cast<DWORD>(m_NumIFDStdDir) + 1;
-    void* grown = MEM_ReNewPtr(m_StdDir, static_cast<DWORD>(count * kRecordSize), kBlockFlags);
+    void* grown = MEM_ReNewPtr(m_StdDir, static_cast<DWORD>(count * kRecordSize), kMovable);
     if (grown == nullptr) {
         return Fail(-4);
     }
     m_StdDir = static_cast<TiffIFDStdDirStruct*>(grown);
-    ++m_NumIFDStdDir;
-    InitStdDir(static_cast<short>(m_NumIFDStdDir - 1));
+    m_StdDir[m_NumIFDStdDir++] = platen::tiff::kFreshRecord;
     return 1;
 }
 

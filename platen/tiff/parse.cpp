@@ -15,29 +15,46 @@ struct Stored {
     bool reported = true;
 };
 
-/// Fetches an entry's value and stores it in the record, by kind.
+/// Stores the number that an entry carries itself, as most entries do; false for other kinds.
+struct NumberParser {
+    const TiffIFDEntryStruct& entry;
+    Record& record;
+
+    bool operator()(const WordField& field) const {
+        record.*field.value = static_cast<std::uint16_t>(entry.ValueOffset);
+        return true;
+    }
+
+    bool operator()(const LongField& field) const {
+        record.*field.value = entry.ValueOffset;
+        return true;
+    }
+
+    /// A SHORT is widened with its sign.
+    bool operator()(const SizeField& field) const {
+        record.*field.value = entry.Type == TIFF_SHORT
+                                  ? static_cast<std::int16_t>(entry.ValueOffset)
+                                  : static_cast<std::int32_t>(entry.ValueOffset);
+        return true;
+    }
+
+    template <typename OtherField>
+    bool operator()(const OtherField& /*field*/) const {
+        return false;
+    }
+};
+
+/// Fetches an entry's values and stores them in the record, by kind.
 struct EntryParser {
     Tiff& tiff;
     void* file;
     TiffIFDEntryStruct& entry;
     Record& record;
 
-    Stored operator()(const WordField& field) const {
-        record.*field.value = static_cast<std::uint16_t>(tiff.GetWORD(file, entry));
-        return {};
-    }
-
-    Stored operator()(const LongField& field) const {
-        record.*field.value = static_cast<std::uint32_t>(tiff.GetLONG(file, entry));
-        return {};
-    }
-
-    /// A SHORT is widened with its sign.
-    Stored operator()(const SizeField& field) const {
-        record.*field.value = entry.Type == TIFF_SHORT
-                                  ? tiff.GetWORD(file, entry)
-                                  : static_cast<std::int32_t>(tiff.GetLONG(file, entry));
-        return {};
+    /// Numbers, which are no matter of this parser, and slots that nothing fills.
+    template <typename OtherField>
+    Stored operator()(const OtherField& /*field*/) const {
+        return {nullptr, 0, false};
     }
 
     Stored operator()(const RationalField& field) const {
@@ -77,9 +94,6 @@ struct EntryParser {
     }
 
     Stored operator()(const ColorTableField& field) const;
-
-    Stored operator()(const BlockSlot& /*field*/) const { return {nullptr, 0, false}; }
-    Stored operator()(const LongSlot& /*field*/) const { return {nullptr, 0, false}; }
 
   private:
     /// A second entry of the same tag replaces the block that the first one stored.
@@ -145,12 +159,19 @@ long Tiff::ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) {
         return ParseIFDCustomDir(file, entry, dir);
     }
     platen::tiff::NoteCount(*row, entry, *record);
-    if (row->Accepts(entry.Type)) {
-        const platen::tiff::Stored stored =
-            std::visit(platen::tiff::EntryParser{*this, file, entry, *record}, row->field);
-        if (stored.reported && m_Dump != 0) {
-            DumpAppendIFD(row->reportLabel, entry, stored.values, stored.held);
+    if (!row->Accepts(entry.Type)) {
+        return 1;
+    }
+    if (platen::tiff::VisitField(platen::tiff::NumberParser{entry, *record}, row->field)) {
+        if (m_Dump != 0) {
+            DumpAppendIFD(row->reportLabel, entry, nullptr, 0);
         }
+        return 1;
+    }
+    const platen::tiff::Stored stored =
+        std::visit(platen::tiff::EntryParser{*this, file, entry, *record}, row->field);
+    if (stored.reported && m_Dump != 0) {
+        DumpAppendIFD(row->reportLabel, entry, stored.values, stored.held);
     }
     return 1;
 }

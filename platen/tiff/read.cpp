@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint16_t kVersion = 42;
 constexpr std::uint16_t kOtherVersion = 50;
-constexpr std::uint64_t kEntrySize = 12;
+constexpr std::int32_t kEntrySize = 12;
 constexpr std::uint32_t kTextInEntry = 4;
 constexpr std::uint64_t kEntriesPerEntrySize = 8;
 constexpr std::uint64_t kFreeEntries = 65536;
@@ -27,10 +27,10 @@ static_assert(sizeof(TiffIFDEntryStruct) == kEntrySize);
 /// and not taken is given back with the object: the position is then behind the last entry taken.
 class RawEntries {
   public:
-    RawEntries(void* file, std::uint16_t count) : m_file(file), m_left(count) {}
+    RawEntries(void* file, std::size_t count) : m_file(file), m_left(count) {}
     ~RawEntries() {
-        if (m_taken < m_held) {
-            FILE_lseek(m_file, -static_cast<LONG>((m_held - m_taken) * kEntrySize), 1);
+        if (m_next != m_end) {
+            FILE_lseek(m_file, static_cast<LONG>(m_next - m_end) * kEntrySize, 1);
         }
     }
     RawEntries(const RawEntries&) = delete;
@@ -39,33 +39,33 @@ class RawEntries {
     /// False, and the position is at the entry, when it has to be read by itself: the file ends
     /// soon or cannot be read.
     bool Take(TiffIFDEntryStruct& entry) {
-        if (m_taken == m_held && !ReadAhead()) {
+        if (m_next == m_end && !ReadAhead()) {
             return false;
         }
-        entry = m_entries[m_taken++];
+        entry = *m_next++;
         return true;
     }
 
   private:
     bool ReadAhead() {
-        m_taken = 0;
-        m_held = std::min<std::size_t>(m_left, std::size(m_entries));
-        const auto size = static_cast<LONG>(m_held * kEntrySize);
+        const std::size_t count = std::min(m_left, std::size(m_entries));
+        const LONG size = static_cast<LONG>(count) * kEntrySize;
         const LONG got = FILE_read(m_file, m_entries, size);
         if (got != size) {
             FILE_lseek(m_file, -std::max<LONG>(got, 0), 1);
-            m_held = 0;
             --m_left;
             return false;
         }
-        m_left -= m_held;
+        m_next = m_entries;
+        m_end = m_entries + count;
+        m_left -= count;
         return true;
     }
 
     void* m_file;
     std::size_t m_left;
-    std::size_t m_held = 0;
-    std::size_t m_taken = 0;
+    const TiffIFDEntryStruct* m_next = nullptr;
+    const TiffIFDEntryStruct* m_end = nullptr;
     TiffIFDEntryStruct m_entries[32];
 };
 
@@ -78,15 +78,19 @@ void Normalise(TiffIFDEntryStruct& entry, std::uint16_t order) {
         }
         return;
     }
-    entry.Tag = platen::tiff::SwapSHORT(entry.Tag, order);
-    entry.Type = platen::tiff::SwapSHORT(entry.Type, order);
-    entry.Count = SwapLONG(entry.Count, order);
+    // Tag, type and count lie side by side: reversed together, they come out in the other order.
+    std::uint64_t head = 0;
+    std::memcpy(&head, &entry, sizeof(head));
+    head = __builtin_bswap64(head);
+    entry.Tag = static_cast<std::uint16_t>(head >> 48U);
+    entry.Type = static_cast<std::uint16_t>(head >> 32U);
+    entry.Count = static_cast<std::uint32_t>(head);
+    const std::uint32_t value = SwapLONG(entry.ValueOffset, order);
     if (entry.Type == TIFF_SHORT && entry.Count == 1) {
-        entry.ValueOffset =
-            platen::tiff::SwapSHORT(static_cast<std::uint16_t>(entry.ValueOffset), order);
+        entry.ValueOffset = value >> 16U;
     } else if ((entry.Type >= TIFF_SHORT && entry.Type <= TIFF_RATIONAL) ||
                (entry.Type == TIFF_ASCII && entry.Count > kTextInEntry)) {
-        entry.ValueOffset = SwapLONG(entry.ValueOffset, order);
+        entry.ValueOffset = value;
     }
 }
 
@@ -198,13 +202,11 @@ bool Tiff::ReadDirectory(void* file, TiffIFDOffsetStruct& offset, TiffIFDEntrySt
         return false;
     }
     const short dir = LastDir();
-    RawEntries ahead(file, count.Num);
-    for (int i = 0; i < count.Num; ++i) {
-        if (m_Allowance.entries-- == 0) {
-            m_Allowance.entries = 0;
-            m_Status = -3;
-            return false;
-        }
+    const auto allowed =
+        static_cast<std::uint16_t>(std::min<std::uint64_t>(count.Num, m_Allowance.entries));
+    m_Allowance.entries -= allowed;
+    RawEntries ahead(file, allowed);
+    for (std::uint16_t i = 0; i < allowed; ++i) {
         if (ahead.Take(entry)) {
             Normalise(entry, Order());
         } else if (ReadIFDEntry(file, entry) != 1) {
@@ -213,6 +215,10 @@ bool Tiff::ReadDirectory(void* file, TiffIFDOffsetStruct& offset, TiffIFDEntrySt
         if (ParseIFDStdDir(file, entry, dir) != 1) {
             return false;
         }
+    }
+    if (allowed < count.Num) {
+        m_Status = -3;
+        return false;
     }
     DumpAppendTIFFClass(dir);
     if (ReadIFDOffset(file, offset) != 1) {

@@ -146,35 +146,15 @@ constexpr bool WrittenTypesAreAccepted() {
 static_assert(TagsAscend());
 static_assert(WrittenTypesAreAccepted());
 
-constexpr std::uint16_t kFirstStandard = 254;
-constexpr std::uint16_t kFirstPrivate = 33445;
-constexpr std::uint8_t kNoRow = 0xFF;
-
-/// Row numbers by distance from the first tag of either group.
 template <std::size_t N>
-constexpr std::array<std::uint8_t, N> IndexFrom(std::uint16_t first) {
-    std::array<std::uint8_t, N> index{};
-    index.fill(kNoRow);
-    for (std::size_t i = 0; i < kTags.size(); ++i) {
-        if (kTags[i].tag >= first && kTags[i].tag - first < static_cast<int>(N)) {
-            index[kTags[i].tag - first] = static_cast<std::uint8_t>(i);
+constexpr std::array<const TagRow*, N> IndexFrom(std::uint16_t first) {
+    std::array<const TagRow*, N> index{};
+    for (const TagRow& row : kTags) {
+        if (row.tag >= first && row.tag - first < static_cast<int>(N)) {
+            index[row.tag - first] = &row;
         }
     }
     return index;
-}
-
-constexpr auto kStandardIndex = IndexFrom<77>(kFirstStandard);
-constexpr auto kPrivateIndex = IndexFrom<8>(kFirstPrivate);
-static_assert(std::ranges::count(kStandardIndex, kNoRow) +
-                  std::ranges::count(kPrivateIndex, kNoRow) +
-                  static_cast<std::ptrdiff_t>(kTagCount) ==
-              static_cast<std::ptrdiff_t>(kStandardIndex.size() + kPrivateIndex.size()));
-
-/// A tag before the first wraps round to one far behind the last.
-template <std::size_t N>
-const TagRow* FindIn(const std::array<std::uint8_t, N>& index, int place) {
-    const auto at = static_cast<unsigned>(place);
-    return at < N && index[at] != kNoRow ? &kTags[index[at]] : nullptr;
 }
 
 constexpr Rational kNoRational = {kNone32, kNone32};
@@ -241,12 +221,14 @@ void ReleaseRows(Record& record, std::index_sequence<Row...> /*rows*/) {
 
 }  // namespace
 
-constexpr Record kFreshRecord = MakeFreshRecord();
+constexpr TagIndex kTagIndex = {IndexFrom<77>(TagIndex::kFirstStandard),
+                                IndexFrom<8>(TagIndex::kFirstPrivate)};
+static_assert(std::ranges::count(kTagIndex.standard, nullptr) +
+                  std::ranges::count(kTagIndex.privates, nullptr) +
+                  static_cast<std::ptrdiff_t>(kTagCount) ==
+              static_cast<std::ptrdiff_t>(kTagIndex.standard.size() + kTagIndex.privates.size()));
 
-const TagRow* FindTag(std::uint16_t tag) {
-    const TagRow* row = FindIn(kStandardIndex, tag - kFirstStandard);
-    return row != nullptr ? row : FindIn(kPrivateIndex, tag - kFirstPrivate);
-}
+constexpr Record kFreshRecord = MakeFreshRecord();
 
 void ReleaseRecord(Record& record) {
     ReleaseRows(record, std::make_index_sequence<kTagCount>{});

@@ -90,6 +90,18 @@ using Field = std::variant<WordField, LongField, SizeField, RationalField, TextF
                            WordArrayField, OffsetArrayField, WordPairField, RationalGroupField<2>,
                            RationalGroupField<6>, ColorTableField, BlockSlot, LongSlot>;
 
+/// `std::visit` for the few places where its call through a table is felt: this one is laid out in
+/// place, so that kinds which the visitor treats alike cost nothing.
+template <std::size_t Kind = 0, typename Visitor>
+constexpr auto VisitField(const Visitor& visitor, const Field& field) {
+    if constexpr (Kind + 1 < std::variant_size_v<Field>) {
+        if (field.index() != Kind) {
+            return VisitField<Kind + 1>(visitor, field);
+        }
+    }
+    return visitor(*std::get_if<Kind>(&field));
+}
+
 /// The word for a coded value.
 struct Word {
     std::uint32_t value;
@@ -131,8 +143,27 @@ inline constexpr std::size_t kTagCount = 59;
 /// All rows, in ascending order of their tags.
 extern const std::array<TagRow, kTagCount> kTags;
 
+/// Rows by distance from the first tag of the standard and of the private group; null for numbers
+/// that are no tags.
+struct TagIndex {
+    static constexpr std::uint16_t kFirstStandard = 254;
+    static constexpr std::uint16_t kFirstPrivate = 33445;
+
+    std::array<const TagRow*, 77> standard;
+    std::array<const TagRow*, 8> privates;
+};
+extern const TagIndex kTagIndex;
+
 /// The row of a tag, or null.
-const TagRow* FindTag(std::uint16_t tag);
+inline const TagRow* FindTag(std::uint16_t tag) {
+    // A tag before a group's first wraps round to one far behind its last.
+    const unsigned standard = unsigned{tag} - TagIndex::kFirstStandard;
+    if (standard < kTagIndex.standard.size()) {
+        return kTagIndex.standard[standard];
+    }
+    const unsigned other = unsigned{tag} - TagIndex::kFirstPrivate;
+    return other < kTagIndex.privates.size() ? kTagIndex.privates[other] : nullptr;
+}
 
 /// A record at defaults.
 extern const Record kFreshRecord;

@@ -31,24 +31,14 @@ FileWindows::~FileWindows() {
     }
 }
 
-std::size_t FileWindows::Window::HeldFrom(off_t position) const {
-    // A position before the start wraps round to one far behind the end.
-    const auto into = static_cast<std::uint64_t>(position - start);
-    return into < filled ? filled - static_cast<std::size_t>(into) : 0;
-}
-
 bool FileWindows::Window::IsBeside(off_t position) const {
     const auto length = static_cast<off_t>(size);
     return size != 0 && position >= start - length && position < start + 2 * length;
 }
 
-ssize_t FileWindows::Read(int descriptor, off_t position, void* buffer, std::size_t count) {
+/// Reads what goes beyond the window used last.
+ssize_t FileWindows::ReadOn(int descriptor, off_t position, void* buffer, std::size_t count) {
     auto* out = static_cast<std::byte*>(buffer);
-    const Window& last = m_windows[m_last];
-    if (count <= last.HeldFrom(position)) {
-        std::memcpy(out, last.bytes + (position - last.start), count);
-        return static_cast<ssize_t>(count);
-    }
     std::size_t done = 0;
     while (done < count) {
         const off_t at = position + static_cast<off_t>(done);

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace platen::win32 {
 
@@ -21,7 +22,14 @@ class FileWindows {
 
     /// Reads up to `count` bytes at `position`: the number read, less only at the end of the file,
     /// or -1 when the first byte could not be read.
-    ssize_t Read(int descriptor, off_t position, void* buffer, std::size_t count);
+    ssize_t Read(int descriptor, off_t position, void* buffer, std::size_t count) {
+        const Window& last = m_windows[m_last];
+        if (count > last.HeldFrom(position)) {
+            return ReadOn(descriptor, position, buffer, count);
+        }
+        std::memcpy(buffer, last.bytes + (position - last.start), count);
+        return static_cast<ssize_t>(count);
+    }
     /// Forgets what the windows hold of [position, position + count).
     void Drop(off_t position, std::size_t count);
     void DropAll();
@@ -36,10 +44,15 @@ class FileWindows {
         std::uint32_t used = 0;
 
         /// How many held bytes start at `position`.
-        [[nodiscard]] std::size_t HeldFrom(off_t position) const;
+        [[nodiscard]] std::size_t HeldFrom(off_t position) const {
+            // A position before the start wraps round to one far behind the end.
+            const auto into = static_cast<std::uint64_t>(position - start);
+            return into < filled ? filled - static_cast<std::size_t>(into) : 0;
+        }
         [[nodiscard]] bool IsBeside(off_t position) const;
     };
 
+    ssize_t ReadOn(int descriptor, off_t position, void* buffer, std::size_t count);
     Window* Find(off_t position);
     Window* Fill(int descriptor, off_t position);
     [[nodiscard]] std::size_t SizeFor(off_t position) const;

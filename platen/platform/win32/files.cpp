@@ -112,7 +112,7 @@ LONG MoveTo(OpenFile& state, std::int64_t target) {
     return static_cast<LONG>(target);
 }
 
-LONG MoveFromEnd(HFILE file, OpenFile& state, LONG offset) {
+[[gnu::noinline]] LONG MoveFromEnd(HFILE file, OpenFile& state, LONG offset) {
     state.windows.DropAll();
     const std::int64_t end = lseek(file, 0, SEEK_END);
     return end < 0 ? HFILE_ERROR : MoveTo(state, end + offset);
