@@ -91,6 +91,10 @@ class Reporter : public Tiff {
 };
 
 struct Report {
+    Report(const std::string& name, Output* growing)
+        : reporter(std::make_unique<Reporter>(growing)),
+          problem(reporter->ReadFile(name.c_str())) {}
+
     std::unique_ptr<Reporter> reporter;
     Problem problem;
 };
@@ -100,12 +104,7 @@ int Dump(const FileList& files) {
     // On a terminal the progress line would be in the way of a report that grows.
     Output* growing = files.Threads() == 1 && !output.IsTerminal() ? &output : nullptr;
     return RunOnFiles(
-        files, output,
-        [growing](const std::string& name) {
-            Report report{std::make_unique<Reporter>(growing), {}};
-            report.problem = report.reporter->ReadFile(name.c_str());
-            return report;
-        },
+        files, output, [growing](const std::string& name) { return Report(name, growing); },
         [&output](const Report& report) { report.reporter->Print(output); });
 }
 
