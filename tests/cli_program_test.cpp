@@ -1,0 +1,251 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "tests/support/paged_file.h"
+#include "tests/support/run_program.h"
+#include "tests/support/temporary_file.h"
+#include "tests/support/tiff_builder.h"
+
+namespace {
+
+using namespace platen::test;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+Outcome Platen(const std::vector<std::string>& arguments, const Streams& streams = {}) {
+    return RunProgram(PLATEN_PROGRAM, arguments, streams);
+}
+
+/// A gray image and behind it a reduced one, LZW, whose photometric code has no word.
+Bytes TwoImages(Order order) {
+    const auto image = [](std::uint32_t subfile, std::uint32_t side, std::uint32_t compression,
+                          std::uint32_t photometric) {
+        return Directory{{Longs(254, {subfile}), Shorts(256, {side}), Shorts(257, {side}),
+                          Shorts(258, {8}), Shorts(259, {compression}), Shorts(262, {photometric}),
+                          Longs(273, {8})}};
+    };
+    return Build({.order = order,
+                  .data = Bytes(144, '\0'),
+                  .directories = {image(0, 12, 1, 1), image(1, 3, 5, 9)}});
+}
+
+constexpr std::size_t kFirstDirectory = 8 + 144;
+constexpr std::size_t kSecondDirectory = kFirstDirectory + 2 + std::size_t{7} * 12 + 4;
+constexpr std::size_t kInSecondDirectory = kSecondDirectory + 2 + std::size_t{3} * 12;
+const std::string kNoRoles =
+    R"("roles":{"full":-1,"reduced":-1,"page":-1,"transparency":-1,"xk":-1,"xkold":-1}})"
+    "\n";
+
+std::string ReadingFailed(const TemporaryFile& file) {
+    return "platen: " + file.Path() + ": read failure or inconsistent file (status -3)\n";
+}
+
+TEST(CliDump, LosesNoByteOfTheReportAndKeepsCarriageReturns) {
+    const TemporaryFile file(Build(
+        {.order = Order::Motorola, .directories = {{{Shorts(256, {7}), Text(305, "a\nb")}}}}));
+    const Outcome outcome = Platen({"dump", file.Path()});
+    EXPECT_EQ(outcome.exitStatus, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.out,
+              "TIFFDUMP: " + file.Path() +
+                  "\r\nMOTOROLA file format\r\nVersion 2a\r\nIFD at offset 8 (0x8)\r\n"
+                  "Directory #1, Number of IFD entries=2\r\n"
+                  "ImageWidth*                256(0x  100) N=1        short    Data: 7\r\n"
+                  "Software                   305(0x  131) N=4        ascii    Data: 'a\nb'\r\n"
+                  "TIFF Class Unknown - Custom\r\nIFD at offset 0 (0x0)\r\n");
+}
+
+TEST(CliDump, DropsWhatWasGatheredBeforeAFailure) {
+    const TemporaryFile file(TwoImages(Order::Intel));
+    const std::string whole = Platen({"dump", file.Path()}).out;
+    file.Resize(kInSecondDirectory);
+    const Outcome outcome = Platen({"dump", file.Path()});
+    EXPECT_EQ(outcome.exitStatus, 1);
+    EXPECT_EQ(outcome.err, ReadingFailed(file));
+    EXPECT_THAT(whole, StartsWith(outcome.out));
+    EXPECT_THAT(outcome.out, HasSubstr("Directory #2"));
+}
+
+/// Alone, a report is written while it grows; beside others, as a whole.
+TEST(CliDump, RepeatsOrLosesPiecesOfALongReport) {
+    const TemporaryFile file;
+    ASSERT_TRUE((PagedFile{.pages = 1000}.Write(file.Path())));
+    const std::string alone = Platen({"dump", file.Path()}).out;
+    EXPECT_GT(alone.size(), 1000000U);
+    EXPECT_THAT(alone, EndsWith("TIFF Class R - RGB Full Color\r\nIFD at offset 0 (0x0)\r\n"));
+    EXPECT_TRUE(Platen({"dump", "--jobs=2", file.Path(), file.Path()}).out == alone + alone);
+    EXPECT_TRUE(Platen({"dump", "--jobs=1", file.Path(), file.Path()}).out == alone + alone);
+}
+
+TEST(CliInfo, TableMissesAFactOrItsColumn) {
+    const TemporaryFile file(TwoImages(Order::Motorola));
+    const Outcome outcome = Platen({"info", file.Path()});
+    EXPECT_EQ(outcome.exitStatus, 0);
+    EXPECT_EQ(outcome.out,
+              file.Path() +
+                  ": MOTOROLA byte order, 332 bytes, 2 directories\n"
+                  "  dir  entries  size     bits  compression           photometric              "
+                  "class    roles\n"
+                  "    0        7  12 x 12  8     1 No compression      1 Black is defined as 0  "
+                  "G        full\n"
+                  "    1        7  3 x 3    8     5 Lempel-Ziv & Welch  9 Invalid                "
+                  "unknown  reduced\n");
+}
+
+TEST(CliInfo, TableBreaksOnAbsentTagsOrManySamples) {
+    const TemporaryFile bare(Build({.directories = {{{Shorts(256, {1})}}}}));
+    EXPECT_THAT(Platen({"info", bare.Path()}).out,
+                HasSubstr("    0        1  1 x 0  -     -            -            unknown  -\n"));
+    const TemporaryFile many(
+        Build({.directories = {{{Shorts(258, {8, 8, 8, 8, 8}), Word(33445, 4, 1, 2)}}}}));
+    EXPECT_THAT(Platen({"info", many.Path()}).out,
+                HasSubstr("  8 8 8 8 ...  -            -            XKold  xk, xkold\n"));
+}
+
+TEST(CliInfo, JsonChangesItsKeysOrTheirOrder) {
+    const TemporaryFile file(TwoImages(Order::Intel));
+    EXPECT_EQ(
+        Platen({"info", "--json", file.Path()}).out,
+        R"({"file":")" + file.Path() +
+            R"(","status":1,"format":"INTEL","size":332,"directories":[)"
+            R"({"index":0,"entries":7,"class":"G"},{"index":1,"entries":7,"class":"unknown"}])"
+            R"(,"roles":{"full":0,"reduced":1,"page":-1,"transparency":-1,"xk":-1,)"
+            R"("xkold":-1}})"
+            "\n");
+}
+
+TEST(CliInfo, CountsADirectoryThatWasNotReadWhole) {
+    const TemporaryFile file(TwoImages(Order::Intel));
+    file.Resize(kInSecondDirectory);
+    const Outcome outcome = Platen({"info", "--json", file.Path()});
+    EXPECT_EQ(outcome.exitStatus, 1);
+    EXPECT_EQ(outcome.err, ReadingFailed(file));
+    EXPECT_THAT(outcome.out, HasSubstr(R"("status":-3,"format":"INTEL","size":280,"directories":[)"
+                                       R"({"index":0,"entries":7,"class":"G"}],)"
+                                       R"("roles":{"full":0,"reduced":-1,)"));
+}
+
+TEST(CliInfo, JsonFailsOnANameThatIsNotUtf8) {
+    const Outcome outcome = Platen({"info", "--json", "/no/\"such\" \xE9\n"});
+    EXPECT_EQ(outcome.exitStatus, 1);
+    EXPECT_EQ(outcome.out, R"({"file":"/no/\"such\" )"
+                           "\xEF\xBF\xBD"
+                           R"(\n","status":0,"format":null,"size":0,"directories":[],)" +
+                               kNoRoles);
+}
+
+TEST(CliInfo, ShowsTheEnginesLimitAsTheSizeOfALargeFile) {
+    const TemporaryFile file(TwoImages(Order::Intel));
+    file.Resize(3000000000U);
+    EXPECT_THAT(Platen({"info", file.Path()}).out, HasSubstr(" 3000000000 bytes, 2 directories"));
+}
+
+TEST(CliErrors, LineDoesNotSayWhatHappened) {
+    const TemporaryFile version(Build({.version = 43}));
+    const TemporaryFile text("hello\n");
+    const TemporaryFile hungry(Build({.directories = {{{Word(258, TIFF_SHORT, 0x7FFFFFFF, 8)}}}}));
+    const struct {
+        std::string file;
+        std::string what;
+    } cases[] = {
+        {"/no/such.tif", "could not be opened: No such file or directory (status 0)"},
+        {"/", "read failure or inconsistent file: Is a directory (status -3)"},
+        {version.Path(), "unsupported version (status -2)"},
+        {text.Path(), "read failure or inconsistent file (status -3)"},
+        {hungry.Path(), "memory exhausted, or a value that cannot be fetched (status -4)"},
+    };
+    for (const auto& wrong : cases) {
+        for (const char* command : {"dump", "info"}) {
+            const Outcome outcome = Platen({command, wrong.file});
+            EXPECT_EQ(outcome.exitStatus, 1) << wrong.file;
+            EXPECT_EQ(outcome.err, "platen: " + wrong.file + ": " + wrong.what + "\n");
+        }
+    }
+}
+
+TEST(CliErrors, ADeviceThatIsFullOrAReaderThatIsGoneGoesUnnoticed) {
+    const TemporaryFile file;
+    ASSERT_TRUE((PagedFile{.pages = 1000}.Write(file.Path())));
+    for (const char* command : {"dump", "info"}) {
+        for (const char* jobs : {"--jobs=1", "--jobs=4"}) {
+            const std::vector<std::string> arguments = {command, jobs, file.Path(), file.Path()};
+            const Outcome full = Platen(arguments, {.outPath = "/dev/full"});
+            EXPECT_EQ(full.exitStatus, 1);
+            EXPECT_EQ(full.err,
+                      "platen: standard output: could not be written: No space left on device "
+                      "(status -3)\n");
+            const Outcome broken = Platen(arguments, {.outIsBroken = true});
+            EXPECT_EQ(broken.exitStatus, 1);
+            EXPECT_THAT(broken.err, HasSubstr("Broken pipe"));
+        }
+    }
+    EXPECT_EQ(Platen({"--help"}, {.outPath = "/dev/full"}).exitStatus, 1);
+}
+
+TEST(CliManyFiles, ChangeTheirOrderOrStopAtABadOne) {
+    const TemporaryFile good(TwoImages(Order::Intel));
+    const TemporaryFile bad("no image");
+    const TemporaryFile slow;
+    ASSERT_TRUE((PagedFile{.pages = 300}.Write(slow.Path())));
+    std::vector<std::string> arguments = {"info", "--json"};
+    for (int i = 0; i < 50; ++i) {
+        arguments.insert(arguments.end(), {slow.Path(), good.Path(), bad.Path(), good.Path()});
+    }
+    arguments.insert(arguments.begin() + 1, "--jobs=1");
+    const Outcome alone = Platen(arguments);
+    EXPECT_EQ(alone.exitStatus, 1);
+    EXPECT_EQ(std::count(alone.out.begin(), alone.out.end(), '\n'), 200);
+    EXPECT_EQ(std::count(alone.err.begin(), alone.err.end(), '\n'), 50);
+    for (const char* jobs : {"--jobs=2", "--jobs=9", "--jobs=1024"}) {
+        arguments[1] = jobs;
+        const Outcome together = Platen(arguments);
+        EXPECT_EQ(together.exitStatus, 1);
+        EXPECT_TRUE(together.out == alone.out);
+        EXPECT_EQ(together.err, alone.err);
+    }
+}
+
+TEST(CliProgress, ShowsOffATerminalOrStaysBehind) {
+    const TemporaryFile good(TwoImages(Order::Intel));
+    const TemporaryFile bad("no image");
+    const std::vector<std::string> arguments = {"info", good.Path(), bad.Path(), good.Path()};
+    EXPECT_EQ(Platen(arguments).err, ReadingFailed(bad));
+    const std::string shown = Platen(arguments, {.errIsTerminal = true}).err;
+    EXPECT_THAT(shown, StartsWith("\rplaten: 1 of 3 files\r\033[Kplaten: " + bad.Path() + ": "));
+    const std::size_t lastLine = shown.rfind(" files");
+    EXPECT_NE(shown.find("\r\033[K", lastLine), std::string::npos);
+    EXPECT_EQ(Platen({"info", good.Path()}, {.errIsTerminal = true}).err, "");
+}
+
+TEST(CliUsage, WrongUseLooksLikeAFailedFileOrHelpLikeWrongUse) {
+    const std::vector<std::string> wrong[] = {{},
+                                              {"info"},
+                                              {"no-such"},
+                                              {"dump", "--no-such", "x"},
+                                              {"info", "--jobs=0", "x"},
+                                              {"dump", "--jobs=many", "x"},
+                                              {"dump", "--json", "x"}};
+    for (const auto& arguments : wrong) {
+        const Outcome outcome = Platen(arguments);
+        EXPECT_EQ(outcome.exitStatus, 2) << testing::PrintToString(arguments);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_THAT(outcome.err, StartsWith("platen"));
+    }
+    EXPECT_THAT(Platen({"no-such"}).err, HasSubstr("no-such"));
+    for (const char* command : {"dump", "info"}) {
+        const Outcome help = Platen({command, "--help"});
+        EXPECT_EQ(help.exitStatus, 0);
+        EXPECT_THAT(help.out, HasSubstr(std::string("Example:\n  platen ") + command));
+    }
+    const Outcome version = Platen({"--version"});
+    EXPECT_EQ(version.exitStatus, 0);
+    EXPECT_THAT(version.out, testing::MatchesRegex("platen [0-9]+.[0-9]+.[0-9]+\n"));
+}
+
+}  // namespace
