@@ -14,9 +14,9 @@ constexpr std::size_t kItemIndent = 60;
 constexpr std::string_view kLineEnd = "\r\n";
 
 /// The report's words for the field types; other types leave no line.
-const char* TypeWord(std::uint16_t type) {
-    static constexpr const char* kWords[] = {nullptr, "byte", "ascii", "short", "long", "rational"};
-    return type < std::size(kWords) ? kWords[type] : nullptr;
+std::string_view TypeWord(std::uint16_t type) {
+    static constexpr std::string_view kWords[] = {"", "byte", "ascii", "short", "long", "rational"};
+    return type < std::size(kWords) ? kWords[type] : std::string_view();
 }
 
 /// One entry's lines: a head with the values behind it, or, for several, below it.
@@ -231,7 +231,8 @@ void Tiff::DumpAppendIFDCount(std::uint16_t count) {
 
 void Tiff::DumpAppendIFD(const char* name, const TiffIFDEntryStruct& entry, const void* data,
                          std::uint32_t held) {
-    if (m_Dump == 0 || TypeWord(entry.Type) == nullptr || (entry.Type == TIFF_ASCII && data == nullptr)) {
+    if (m_Dump == 0 || TypeWord(entry.Type).empty() ||
+        (entry.Type == TIFF_ASCII && data == nullptr)) {
         return;
     }
     DumpWrite([&](auto& out) {

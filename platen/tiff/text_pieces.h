@@ -17,14 +17,12 @@ class TextPieces {
     explicit TextPieces(Sink sink) : m_sink(sink) {}
 
     TextPieces& Text(std::string_view text) {
-        if (text.size() > sizeof(m_buffer) - m_length) {
-            Finish();
-        }
         if (text.size() > sizeof(m_buffer)) {
+            Finish();
             m_sink(text);
             return *this;
         }
-        std::memcpy(m_buffer + m_length, text.data(), text.size());
+        std::memcpy(Room(text.size()), text.data(), text.size());
         m_length += text.size();
         return *this;
     }
@@ -36,30 +34,36 @@ class TextPieces {
     }
 
     TextPieces& Number(std::integral auto number) {
-        char digits[kDigits];
-        return Text(Digits(digits, number, 10));
+        PutDigits(number);
+        return *this;
     }
 
     TextPieces& Hex(std::uint32_t number, std::size_t width = 0) {
         char digits[kDigits];
-        return Right(Digits(digits, number, 16), width);
+        const std::to_chars_result end = std::to_chars(digits, digits + kDigits, number, 16);
+        return Right({digits, static_cast<std::size_t>(end.ptr - digits)}, width);
     }
 
     TextPieces& NumberRight(std::integral auto number, std::size_t width) {
         char digits[kDigits];
-        return Right(Digits(digits, number, 10), width);
+        const std::to_chars_result end = std::to_chars(digits, digits + kDigits, number);
+        return Right({digits, static_cast<std::size_t>(end.ptr - digits)}, width);
     }
 
     TextPieces& NumberLeft(std::integral auto number, std::size_t width) {
-        char digits[kDigits];
-        return Left(Digits(digits, number, 10), width);
+        const std::size_t length = PutDigits(number);
+        return Spaces(width > length ? width - length : 0);
     }
 
     TextPieces& Spaces(std::size_t count) {
-        for (; count >= sizeof(kSpaces); count -= sizeof(kSpaces)) {
-            Text({kSpaces, sizeof(kSpaces)});
+        for (; count > kSpaces; count -= kSpaces) {
+            std::memset(Room(kSpaces), ' ', kSpaces);
+            m_length += kSpaces;
         }
-        return Text({kSpaces, count});
+        // All of them at once, whatever the count: what is too much is written over.
+        std::memset(Room(kSpaces), ' ', kSpaces);
+        m_length += count;
+        return *this;
     }
 
     /// Hands on what is left.
@@ -72,12 +76,22 @@ class TextPieces {
 
   private:
     static constexpr std::size_t kDigits = 20;
-    static constexpr char kSpaces[] = {' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ',
-                                       ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' '};
+    static constexpr std::size_t kSpaces = 32;
 
-    static std::string_view Digits(char (&digits)[kDigits], std::integral auto number, int base) {
-        const std::to_chars_result end = std::to_chars(digits, digits + kDigits, number, base);
-        return {digits, static_cast<std::size_t>(end.ptr - digits)};
+    /// Where the next `size` characters go, of those that a buffer takes.
+    char* Room(std::size_t size) {
+        if (size > sizeof(m_buffer) - m_length) {
+            Finish();
+        }
+        return m_buffer + m_length;
+    }
+
+    std::size_t PutDigits(std::integral auto number) {
+        char* at = Room(kDigits);
+        const auto length =
+            static_cast<std::size_t>(std::to_chars(at, at + kDigits, number).ptr - at);
+        m_length += length;
+        return length;
     }
 
     TextPieces& Right(std::string_view text, std::size_t width) {
