@@ -1,0 +1,114 @@
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include <platen/base/files.h>
+#include <platen/tiff/Tiff.h>
+
+/// Arbitrary bytes read as a file, the report switched on, and every question asked afterwards.
+namespace {
+
+void Require(bool holds) {
+    if (!holds) {
+        std::abort();
+    }
+}
+
+/// A file in memory with a name under which it can be opened.
+class MemoryFile {
+  public:
+    MemoryFile(const std::uint8_t* data, std::size_t size)
+        : m_descriptor(memfd_create("platen-fuzz", MFD_CLOEXEC)) {
+        Require(m_descriptor >= 0);
+        Require(write(m_descriptor, data, size) == static_cast<ssize_t>(size));
+    }
+    ~MemoryFile() { close(m_descriptor); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    [[nodiscard]] std::string Path() const {
+        return "/proc/self/fd/" + std::to_string(m_descriptor);
+    }
+
+  private:
+    int m_descriptor;
+};
+
+/// A directory has one class at most; one outside the records has none.
+void AskClasses(const Tiff& tiff, short dir, bool inside) {
+    const int classes = tiff.IsTIFFClassB(dir) + tiff.IsTIFFClassG(dir) + tiff.IsTIFFClassP(dir) +
+                        tiff.IsTIFFClassR(dir);
+    Require(classes == 0 || (inside && classes == 1));
+    const short basic = tiff.IsTIFF(dir);
+    const short instrument = tiff.IsTIFFClassXK(dir);
+    const short old = tiff.IsTIFFClassXKold(dir);
+    Require(inside || basic + instrument + old == 0);
+    Require(old <= instrument && basic <= 1 && instrument <= 1);
+}
+
+void AskRoles(const Tiff& tiff) {
+    const short count = tiff.getFileNumIFDStdDir();
+    const short roles[] = {tiff.GetFullResolutionIFDDir(),
+                           tiff.GetReducedResolutionIFDDir(),
+                           tiff.GetSPofMPIFDDir(),
+                           tiff.GetTransparencyIFDDir(),
+                           tiff.GetXKIFDDir(),
+                           tiff.GetXKoldIFDDir()};
+    for (const short role : roles) {
+        Require(role >= -1 && role < count);
+    }
+}
+
+/// Every element that the record speaks of can be read.
+void TouchTexts(const TiffIFDStdDirStruct& record) {
+    const char* const texts[] = {record.DocumentName, record.ImageDescription, record.Make,
+                                 record.Model,        record.PageName,         record.Software,
+                                 record.DateTime,     record.Artist,           record.HostComputer,
+                                 record.LabName,      record.SampleInfo,       record.PrepDate,
+                                 record.PrepTime,     record.FileUnits};
+    for (const char* text : texts) {
+        Require(text == nullptr || std::strlen(text) < (std::size_t{1} << 31U));
+    }
+}
+
+void CheckReport(const Tiff& tiff) {
+    const std::uint32_t size = tiff.DumpGetSize();
+    std::vector<char> text(size);
+    Require(tiff.DumpGetData(nullptr) == 0);
+    Require(tiff.DumpGetData(text.data()) == size);
+    Require(size == 0 || std::strlen(text.data()) + 1 == size);
+}
+
+void CheckObject(const Tiff& tiff, long status) {
+    Require(status == 1 || status == -2 || status == -3 || status == -4);
+    const short count = tiff.getFileNumIFDStdDir();
+    Require(count >= 1 && tiff.getStdDir() != nullptr);
+    for (short dir = 0; dir < count; ++dir) {
+        AskClasses(tiff, dir, true);
+        TouchTexts(tiff.getStdDir()[dir]);
+    }
+    for (const int dir : {-1, -32768, static_cast<int>(count), 32767}) {
+        AskClasses(tiff, static_cast<short>(dir), dir >= 0 && dir < count);
+    }
+    AskRoles(tiff);
+    CheckReport(tiff);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const MemoryFile file(data, size);
+    Tiff tiff;
+    tiff.ReadSetDump(1);
+    void* handle = tiff.Open(file.Path().c_str(), 0);
+    Require(handle != FILE_none());
+    CheckObject(tiff, tiff.Read(handle));
+    tiff.Close(handle);
+    return 0;
+}
