@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr DWORD kBlockFlags = 0x42;
+constexpr DWORD kMovable = 0x02;
 constexpr std::size_t kLongestLabel = 255;
 constexpr std::size_t kItemIndent = 60;
 constexpr std::string_view kLineEnd = "\r\n";
@@ -182,7 +182,7 @@ void Tiff::DumpAppend(std::string_view line) {
     const std::uint64_t size = std::uint64_t{DumpGetSize()} + line.size();
     HGLOBAL grown = nullptr;
     if (size <= INT32_MAX && SpendBytes(line.size())) {
-        grown = MEM_ReNewHandle(m_hDump, static_cast<DWORD>(size), kBlockFlags);
+        grown = MEM_ReNewHandle(m_hDump, static_cast<DWORD>(size), kMovable);
     }
     if (grown == nullptr) {
         m_hDump = MEM_FreeHandle(m_hDump);
@@ -191,6 +191,7 @@ void Tiff::DumpAppend(std::string_view line) {
     m_hDump = grown;
     auto* text = static_cast<char*>(MEM_LockHandle(m_hDump));
     std::memcpy(text + size - 1 - line.size(), line.data(), line.size());
+    text[size - 1] = '\0';
     MEM_UnlockHandle(m_hDump);
 }
 
