@@ -57,6 +57,14 @@ TiffCopy::~TiffCopy() = default;
 long TiffCopy::Read(void* file) {
     m_Kept.clear();
     m_ReadStatus = Tiff::Read(file);
+    try {
+        m_PixelBytes.resize(static_cast<std::size_t>(m_NumIFDStdDir));
+        std::transform(m_StdDir, m_StdDir + m_NumIFDStdDir, m_PixelBytes.begin(),
+                       platen::tiff::PixelBytes);
+    } catch (const std::bad_alloc&) {
+        m_Status = -4;
+        m_ReadStatus = -4;
+    }
     return m_ReadStatus;
 }
 
@@ -111,11 +119,8 @@ TiffCopy::Result TiffCopy::CopyTo(const char* name, short format, Progress progr
     }
     try {
         const platen::tiff::CopySource source = {
-            m_Kept,
-            {m_StdDir, static_cast<std::size_t>(m_NumIFDStdDir)},
-            m_hFile,
-            m_FileSize,
-            static_cast<std::uint16_t>(m_Format)};
+            m_Kept,  m_PixelBytes, {m_StdDir, static_cast<std::size_t>(m_NumIFDStdDir)},
+            m_hFile, m_FileSize,   static_cast<std::uint16_t>(m_Format)};
         platen::tiff::CopyJob job(*this, source, static_cast<std::uint16_t>(format));
         const Result planned = job.Plan();
         return planned.outcome == Outcome::Done ? job.Run(name, progress, context) : planned;

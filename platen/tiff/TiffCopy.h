@@ -14,7 +14,8 @@
 /// samples are turned when the byte order changes. StripOffsets, StripByteCounts and RowsPerStrip
 /// are those of the copy, and a directory without a subfile type gets NewSubfileType 0. Whatever
 /// cannot be copied faithfully is refused: compressed or tiled images, subsampled colour, samples
-/// of mixed sizes, directories behind a tag (such as SubIFDs), and more than 2 GiB.
+/// of mixed sizes, directories behind a tag (such as SubIFDs), tags edited so that the image would
+/// take other bytes than it has, and more than 2 GiB.
 class PLATEN_API TiffCopy : public Tiff {
   public:
     enum class Outcome : std::uint8_t {
@@ -22,7 +23,7 @@ class PLATEN_API TiffCopy : public Tiff {
         Aborted,       ///< the callback asked for it
         Refused,       ///< the copy would not be faithful
         SourceFailed,  ///< the source could not be read, or not read whole
-        OutputFailed,  ///< the output could not be created, written or renamed
+        OutputFailed,  ///< the output could not be created, written or renamed; errno tells why
         NoMemory
     };
 
@@ -32,7 +33,8 @@ class PLATEN_API TiffCopy : public Tiff {
         const char* reason = "done";  ///< a constant text for people
     };
 
-    /// Told bytes of image data done and in all; an answer other than 0 aborts.
+    /// Told bytes of image data done and in all, and all of them anew while the directories are
+    /// written; an answer other than 0 aborts.
     using Progress = int (*)(void* context, std::int64_t done, std::int64_t total);
 
     TiffCopy();
@@ -61,6 +63,7 @@ class PLATEN_API TiffCopy : public Tiff {
   private:
     long Keep(const TiffIFDEntryStruct& entry, short dir);
 
-    std::vector<KeptEntry> m_Kept;  ///< in the order of their directories
+    std::vector<KeptEntry> m_Kept;           ///< in the order of their directories
+    std::vector<std::int64_t> m_PixelBytes;  ///< by directory, as it was read
     long m_ReadStatus = 0;
 };

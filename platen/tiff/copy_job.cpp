@@ -62,6 +62,7 @@ class ChunkBuffer {
     std::uint8_t* m_bytes;
 };
 
+constexpr Result kAborted = {Outcome::Aborted, -1, "aborted"};
 constexpr Result kNotWritten = {Outcome::OutputFailed, -1, "the output could not be written"};
 
 /// Moves a run through the buffer. `goOn(bytes)` is told of each piece and answers whether to.
@@ -82,7 +83,7 @@ Result CopyRun(void* file, OutputFile& output, StripRun run, std::uint32_t swapB
         run.offset += size;
         run.bytes -= size;
         if (!goOn(size)) {
-            return {Outcome::Aborted, -1, "aborted"};
+            return kAborted;
         }
     }
     return {};
@@ -121,6 +122,13 @@ std::uint32_t CopyJob::RowsPerStrip(short dir) const {
     return m_source.records[static_cast<std::size_t>(dir)].RowsPerStrip;
 }
 
+/// Tags can have been edited since; the pixels were not.
+bool CopyJob::IsAsRead(std::size_t dir) const {
+    const StripPlan& plan = m_images[dir].plan;
+    return plan.strips.empty() || dir >= m_source.pixelBytes.size() ||
+           plan.Bytes() == m_source.pixelBytes[dir];
+}
+
 Result CopyJob::Plan() {
     std::int64_t position = 8;
     m_keptLeft = kKeptBytesPerByte * std::max(m_source.fileSize, kSmallFile);
@@ -135,6 +143,9 @@ Result CopyJob::Plan() {
         m_images[i].offset = position;
         m_total += m_images[i].plan.Bytes();
         position += Even(m_images[i].plan.Bytes());
+        if (reason == nullptr && !IsAsRead(i)) {
+            reason = "the image's tags do not match its pixels";
+        }
         if (reason == nullptr && position > kLargestFile) {
             reason = "the copy would be larger than 2 GiB";
         }
@@ -148,8 +159,8 @@ Result CopyJob::Plan() {
 
 Result CopyJob::Run(const char* name, TiffCopy::Progress progress, void* context) {
     OutputFile output;
-    if (!output.Create(name)) {
-        return {Outcome::OutputFailed, -1, "the output could not be created"};
+    if (const char* reason = output.Create(name)) {
+        return {Outcome::OutputFailed, -1, reason};
     }
     const std::uint16_t words[2] = {m_order, SwapSHORT(kVersion, m_order)};
     const std::uint32_t first = SwapLONG(static_cast<std::uint32_t>(m_imagesEnd), m_order);
@@ -158,7 +169,7 @@ Result CopyJob::Run(const char* name, TiffCopy::Progress progress, void* context
     }
     Result result = CopyImages(output, progress, context);
     if (result.outcome == Outcome::Done) {
-        result = WriteDirectories(output);
+        result = WriteDirectories(output, progress, context);
     }
     if (result.outcome == Outcome::Done && !output.Commit()) {
         result = kNotWritten;
@@ -193,7 +204,7 @@ Result CopyJob::CopyImages(OutputFile& output, TiffCopy::Progress progress, void
     return {};
 }
 
-Result CopyJob::WriteDirectories(OutputFile& output) {
+Result CopyJob::WriteDirectories(OutputFile& output, TiffCopy::Progress progress, void* context) {
     std::int64_t position = m_imagesEnd;
     for (std::size_t i = 0; i < m_images.size(); ++i) {
         const auto dir = static_cast<short>(i);
@@ -209,6 +220,9 @@ Result CopyJob::WriteDirectories(OutputFile& output) {
         }
         if (!output.Write(bytes.data(), bytes.size())) {
             return kNotWritten;
+        }
+        if (progress != nullptr && progress(context, m_total, m_total) != 0) {
+            return kAborted;
         }
     }
     return {};

@@ -14,6 +14,7 @@ namespace platen::tiff {
 /// What a copy is made of. Everything belongs to the source object.
 struct CopySource {
     std::span<const TiffCopy::KeptEntry> kept;
+    std::span<const std::int64_t> pixelBytes;  ///< of every image as it was read
     std::span<const TiffIFDStdDirStruct> records;
     void* file;
     std::int64_t fileSize;
@@ -39,10 +40,12 @@ class CopyJob {
     [[nodiscard]] std::span<const TiffCopy::KeptEntry> KeptOf(short dir) const;
     [[nodiscard]] const char* RefusedTag(short dir) const;
     [[nodiscard]] std::uint32_t RowsPerStrip(short dir) const;
+    [[nodiscard]] bool IsAsRead(std::size_t dir) const;
     [[nodiscard]] bool NeedsSwap() const { return m_order != m_source.order; }
 
     TiffCopy::Result CopyImages(OutputFile& output, TiffCopy::Progress progress, void* context);
-    TiffCopy::Result WriteDirectories(OutputFile& output);
+    TiffCopy::Result WriteDirectories(OutputFile& output, TiffCopy::Progress progress,
+                                      void* context);
     const char* CollectEntries(short dir, DirectoryBytes& directory);
     void AddStrips(const Image& image, DirectoryBytes& directory);
     const char* AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& directory);

@@ -1,5 +1,6 @@
 #include <platen/tiff/output_file.h>
 
+#include <cerrno>
 #include <limits>
 #include <random>
 #include <string>
@@ -41,17 +42,19 @@ OutputFile::~OutputFile() {
     }
 }
 
-bool OutputFile::Create(const char* name) {
+const char* OutputFile::Create(const char* name) {
     std::error_code error;
     m_name = fs::weakly_canonical(name, error);
     const fs::file_type type = fs::status(m_name, error).type();
-    if (m_name.empty() || (type != fs::file_type::not_found && type != fs::file_type::regular)) {
-        return false;
+    if (type != fs::file_type::not_found && type != fs::file_type::regular) {
+        errno = 0;
+        return type == fs::file_type::directory ? "the output is a directory"
+                                                : "the output is not a regular file";
     }
-    m_temporary = FreeNameBeside(m_name);
+    m_temporary = m_name.empty() ? fs::path() : FreeNameBeside(m_name);
     void* file = m_temporary.empty() ? FILE_none() : FILE_creat(m_temporary.string().c_str(), 0);
     m_file = file == FILE_none() ? nullptr : file;
-    return m_file != nullptr;
+    return m_file == nullptr ? "the output could not be created" : nullptr;
 }
 
 bool OutputFile::Write(const void* bytes, std::size_t size) {

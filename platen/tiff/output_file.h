@@ -15,9 +15,10 @@ class OutputFile {
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    /// False when no file can stand there: no such folder, no permission, or the name is taken by
-    /// something that is not a file. A link's target is what will be replaced.
-    bool Create(const char* name);
+    /// Null, or why no file can stand there: no such folder, no permission, or the name is taken by
+    /// something that is not a file; errno is the system's reason or 0. A link's target is what
+    /// will be replaced.
+    const char* Create(const char* name);
     /// Writes all of it, or answers false.
     bool Write(const void* bytes, std::size_t size);
     /// Takes the name, with the permissions of what stood there. False when that failed.

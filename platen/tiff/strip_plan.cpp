@@ -103,20 +103,8 @@ const char* AddStrips(const Numbers& offsets, const Numbers& byteCounts, std::in
     return nullptr;
 }
 
-}  // namespace
-
-const char* PlanStrips(const Record& record, std::uint32_t rowsPerStrip, std::int64_t fileSize,
-                       StripPlan& plan) {
-    if (const char* reason = UnsupportedForm(record)) {
-        return reason;
-    }
-    const Numbers offsets(record.StripOffsetsShort, record.StripOffsetsLong,
-                          record.StripOffsetsCount);
-    if (offsets.count == 0) {
-        return nullptr;
-    }
-    const Numbers byteCounts(record.StripByteCountsShort, record.StripByteCountsLong,
-                             record.StripByteCountsCount);
+/// Plans all but the strips.
+const char* PlanShape(const Record& record, StripPlan& plan) {
     const std::int64_t bits = CommonBits(record);
     plan.swapBytes = SwapBytes(bits);
     if (plan.swapBytes == 0) {
@@ -136,9 +124,36 @@ const char* PlanStrips(const Record& record, std::uint32_t rowsPerStrip, std::in
     }
     plan.planeBytes = rowBytes * length;
     plan.rows = length;
+    return nullptr;
+}
+
+}  // namespace
+
+std::int64_t PixelBytes(const Record& record) {
+    StripPlan plan;
+    const bool copied = UnsupportedForm(record) == nullptr && PlanShape(record, plan) == nullptr;
+    return copied ? plan.Bytes() : -1;
+}
+
+const char* PlanStrips(const Record& record, std::uint32_t rowsPerStrip, std::int64_t fileSize,
+                       StripPlan& plan) {
+    if (const char* reason = UnsupportedForm(record)) {
+        return reason;
+    }
+    const Numbers offsets(record.StripOffsetsShort, record.StripOffsetsLong,
+                          record.StripOffsetsCount);
+    if (offsets.count == 0) {
+        return nullptr;
+    }
+    const Numbers byteCounts(record.StripByteCountsShort, record.StripByteCountsLong,
+                             record.StripByteCountsCount);
+    if (const char* reason = PlanShape(record, plan)) {
+        return reason;
+    }
+    const std::int64_t rowBytes = plan.planeBytes / plan.rows;
     const std::int64_t rows =
-        RowsOf(rowsPerStrip, offsets.count / plan.planes, length, byteCounts, rowBytes);
-    return AddStrips(offsets, byteCounts, rowBytes, length, rows, fileSize, plan);
+        RowsOf(rowsPerStrip, offsets.count / plan.planes, plan.rows, byteCounts, rowBytes);
+    return AddStrips(offsets, byteCounts, rowBytes, plan.rows, rows, fileSize, plan);
 }
 
 }  // namespace platen::tiff

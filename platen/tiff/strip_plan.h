@@ -25,6 +25,10 @@ struct StripPlan {
     [[nodiscard]] std::int64_t Bytes() const { return planes * planeBytes; }
 };
 
+/// The bytes that an image takes whole by its size and samples, wherever they lie; -1 for one that
+/// cannot be copied.
+std::int64_t PixelBytes(const TiffIFDStdDirStruct& record);
+
 /// Plans a directory's image. `rowsPerStrip` is 0 when the file does not say. Answers null, or why
 /// the image cannot be copied faithfully. A directory without strips has no image and no strips.
 const char* PlanStrips(const TiffIFDStdDirStruct& record, std::uint32_t rowsPerStrip,
