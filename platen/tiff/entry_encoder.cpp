@@ -104,6 +104,9 @@ EncodedEntry EncodeEntry(const EntryValue& value, std::uint32_t offset, std::uin
 
 void ConvertElements(void* target, const void* source, std::size_t count, std::size_t elementSize,
                      std::uint16_t order) {
+    if (count == 0) {
+        return;  // an entry without values may come without an address too
+    }
     if (order == TIFF_INTEL || elementSize == 1) {
         std::memmove(target, source, count * elementSize);
     } else if (elementSize == 2) {
