@@ -164,6 +164,16 @@ TEST(Read, ValuesBeyondTheEndAreNotZero) {
     EXPECT_EQ(beyond.Record().XResolution, (Rational{0, 0}));
 }
 
+TEST(Read, ATextWithoutATerminatorRunsOn) {
+    for (std::uint32_t count = 1; count < 40; ++count) {
+        const ReadTiff<> read(
+            Build({.data = Bytes(64, 'x'),
+                   .directories = {{{Word(305, TIFF_ASCII, count, count > 4 ? 8 : 0x78787878)}}}}));
+        const std::size_t expected = count > 4 ? count : count - 1;
+        EXPECT_EQ(std::string(read.Record().Software), std::string(expected, 'x'));
+    }
+}
+
 TEST(Open, AnswerStatusOrNameIsWrong) {
     const TemporaryFile file(Build({.directories = {{}}}));
     Tiff tiff;
