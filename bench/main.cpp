@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include <bench/ratios.h>
 #include <bench/readers.h>
 #include <bench/scratch.h>
+#include <bench/writers.h>
 
 namespace platen::bench {
 namespace {
@@ -90,7 +92,7 @@ std::vector<Case> RegisterAll(const Scratch& scratch) {
     return cases;
 }
 
-int RunReaders(std::vector<char*> arguments) {
+int RunCases(std::vector<char*> arguments) {
     // Repetitions in random order: a moment's load on the machine falls on all readers alike.
     char defaults[][48] = {"--benchmark_repetitions=5", "--benchmark_min_time=0.05",
                            "--benchmark_enable_random_interleaving",
@@ -105,7 +107,8 @@ int RunReaders(std::vector<char*> arguments) {
         return 2;
     }
     const Scratch scratch;
-    const std::vector<Case> cases = RegisterAll(scratch);
+    std::vector<Case> cases = RegisterAll(scratch);
+    std::ranges::copy(RegisterWriters(scratch), std::back_inserter(cases));
     MedianKeeper medians;
     benchmark::RunSpecifiedBenchmarks(&medians);
     PrintRatios(cases, medians);
@@ -116,13 +119,13 @@ int Run(int argc, char** argv) {
     if (argc == 3 && std::strcmp(argv[1], "--processes") == 0) {
         return CompareProcesses(argv[2]);
     }
-    return RunReaders({argv, argv + argc});
+    return RunCases({argv, argv + argc});
 }
 
 }  // namespace
 }  // namespace platen::bench
 
-/// `platen_bench [GOOGLE BENCHMARK'S FLAGS]` compares readers, `platen_bench --processes PROGRAM`
+/// `platen_bench [GOOGLE BENCHMARK'S FLAGS]` compares readers and writers, `platen_bench --processes PROGRAM`
 /// whole processes of the command line program.
 int main(int argc, char** argv) {
     try {

@@ -8,6 +8,10 @@
 #include <platen/platform/api.h>
 #include <platen/tiff/records.h>
 
+namespace platen::tiff {
+class EntryWriter;
+}
+
 /// Reverses the bytes of a 16-bit value unless the byte-order word is TIFF_INTEL.
 extern "C" PLATEN_API std::uint16_t SwapSHORT(std::uint16_t value, std::uint16_t order);
 
@@ -278,8 +282,8 @@ class PLATEN_API Tiff : public CObject {
     template <typename Visit>
     void ForEachDataArea(Visit visit) const;
     long WriteWord(void* file, const void* bytes, std::int32_t size);
-    bool WriteChained(void* file, std::uint16_t order, const TiffIFDStdDirStruct& record,
-                      short dir);
+    std::int32_t WriteChained(void* file, platen::tiff::EntryWriter& writer, std::uint16_t order,
+                              short dir);
     [[nodiscard]] short OldFormBehind(short dir) const;
 
     void DumpAppend(std::string_view line);

@@ -123,7 +123,7 @@ std::optional<EntryValue> ValueToWrite(const TagRow& row, const Record& record) 
     if (row.written == 0 || (row.tag >= kFirstPrivate && record.FileTag == kNone32)) {
         return std::nullopt;
     }
-    return std::visit(ValueFinder{row, record}, row.field);
+    return VisitField(ValueFinder{row, record}, row.field);
 }
 
 }  // namespace platen::tiff

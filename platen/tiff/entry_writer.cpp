@@ -4,8 +4,14 @@
 #include <cstring>
 
 #include <platen/base/files.h>
+#include <platen/tiff/byte_order.h>
 
 namespace platen::tiff {
+namespace {
+
+constexpr std::size_t kNumberBytes = 2;
+
+}  // namespace
 
 EntryWriter::EntryWriter(void* file, std::uint16_t order)
     : m_file(file),
@@ -13,10 +19,14 @@ EntryWriter::EntryWriter(void* file, std::uint16_t order)
       m_position(FILE_lseek(file, 0, 1)),
       m_end(FILE_lseek(file, 0, 2)) {}
 
-void EntryWriter::AddPrefix(const void* bytes, std::size_t size) {
-    std::memcpy(m_entries + m_entryBytes, bytes, size);
-    m_entryBytes += size;
-    m_prefix = m_entryBytes;
+void EntryWriter::StartDirectory(std::int64_t position, const std::uint32_t* link) {
+    const std::size_t linkBytes = link == nullptr ? 0 : sizeof(*link);
+    if (link != nullptr) {
+        std::memcpy(m_entries, link, linkBytes);
+    }
+    m_position = position - static_cast<std::int64_t>(linkBytes);
+    m_prefix = linkBytes + kNumberBytes;
+    m_entryBytes = m_prefix;
 }
 
 void EntryWriter::AddEntry(const EntryValue& value) {
@@ -33,11 +43,10 @@ void EntryWriter::AddEntry(const EntryValue& value) {
     AddValues(encoded);
 }
 
-bool EntryWriter::Finish() {
+void EntryWriter::Finish() {
     FlushEntries();
     FlushValues();
     FILE_lseek(m_file, static_cast<LONG>(m_position), 0);
-    return m_prefixWritten;
 }
 
 void EntryWriter::AddValues(const EncodedEntry& encoded) {
@@ -57,14 +66,18 @@ void EntryWriter::AddValues(const EncodedEntry& encoded) {
     }
 }
 
-void EntryWriter::FlushEntries() {
-    const std::int32_t written = WriteAt(m_position, m_entries, m_entryBytes);
+bool EntryWriter::FlushEntries() {
     if (m_prefix > 0) {
-        m_prefixWritten = written >= static_cast<std::int32_t>(m_prefix);
-        m_prefix = 0;
+        const std::size_t entries = (m_entryBytes - m_prefix) / sizeof(TiffIFDEntryStruct);
+        const std::uint16_t number = SwapSHORT(static_cast<std::uint16_t>(entries), m_order);
+        std::memcpy(m_entries + m_prefix - kNumberBytes, &number, kNumberBytes);
     }
+    const std::int32_t written = WriteAt(m_position, m_entries, m_entryBytes);
+    const bool good = m_prefix == 0 || written >= static_cast<std::int32_t>(m_prefix);
     m_position += static_cast<std::int64_t>(m_entryBytes);
+    m_prefix = 0;
     m_entryBytes = 0;
+    return good;
 }
 
 void EntryWriter::FlushValues() {

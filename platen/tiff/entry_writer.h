@@ -7,24 +7,27 @@
 
 namespace platen::tiff {
 
-/// Writes a directory's entries where the file stands and their long values behind the end of the
-/// file. Both are gathered, so that a directory costs two writes: `Finish` writes what is left and
-/// leaves the file behind the last entry.
+/// Writes directories' entries where they belong and their long values behind the end of the file.
+/// Both are gathered: a directory's entries go out in one write, and long values as they fill a
+/// buffer.
 class EntryWriter {
   public:
+    /// Entries go where the file stands.
     EntryWriter(void* file, std::uint16_t order);
     EntryWriter(const EntryWriter&) = delete;
     EntryWriter& operator=(const EntryWriter&) = delete;
 
-    /// Puts bytes that are to stand before the entries: at most 8, before the first entry.
-    void AddPrefix(const void* bytes, std::size_t size);
+    /// Starts a directory whose number of entries stands at `position`; `link`, unless null, is put
+    /// right before it. The number is that of the entries added until `FlushEntries`.
+    void StartDirectory(std::int64_t position, const std::uint32_t* link);
     void AddEntry(const EntryValue& value);
-    /// False when not even the prefix was written.
-    bool Finish();
+    /// Writes the entries gathered. False when not even link and number went through.
+    bool FlushEntries();
+    /// Writes what is left, and leaves the file behind the last entry.
+    void Finish();
 
   private:
     void AddValues(const EncodedEntry& encoded);
-    void FlushEntries();
     void FlushValues();
     /// What was written of `size` bytes at `position`; nothing beyond the positions that a file
     /// handle has.
@@ -36,8 +39,7 @@ class EntryWriter {
     std::int64_t m_end;       ///< where the gathered values go
     std::size_t m_entryBytes = 0;
     std::size_t m_valueBytes = 0;
-    std::size_t m_prefix = 0;
-    bool m_prefixWritten = true;
+    std::size_t m_prefix = 0;  ///< bytes of link and number, 0 without a directory
     std::uint8_t m_entries[2048];
     std::uint8_t m_values[8192];
 };

@@ -27,6 +27,43 @@ std::uint16_t OrderOf(short format) {
     return static_cast<std::uint16_t>(format);
 }
 
+/// Writes directories of placeholders where the file stands.
+class BlankDirectories {
+  public:
+    BlankDirectories(void* file, std::uint16_t order)
+        : m_file(file),
+          m_blank{0, SwapSHORT(TIFF_LONG, order), platen::tiff::SwapLONG(1, order), 0} {}
+
+    /// One directory: number 0, `entries` placeholders and no link. False when a write failed.
+    bool Add(std::size_t entries) {
+        const std::size_t size = kCountSize + kEntrySize * entries + kLinkSize;
+        if (size > m_bytes.size() - m_used && !Flush()) {
+            return false;
+        }
+        std::uint8_t* at = m_bytes.data() + m_used;
+        std::memset(at, 0, size);
+        for (std::size_t i = 0; i < entries; ++i) {
+            std::memcpy(at + kCountSize + i * kEntrySize, &m_blank, kEntrySize);
+        }
+        m_used += size;
+        return true;
+    }
+
+    bool Flush() {
+        const auto size = static_cast<LONG>(m_used);
+        m_used = 0;
+        return FILE_write(m_file, m_bytes.data(), size) == size;
+    }
+
+  private:
+    static_assert(kCountSize + kEntrySize * kMostEntries + kLinkSize < 16384);
+
+    void* m_file;
+    TiffIFDEntryStruct m_blank;
+    std::size_t m_used = 0;
+    std::array<std::uint8_t, 16384> m_bytes;
+};
+
 }  // namespace
 
 /// The steps run whatever the earlier ones reported; the last status is the answer.
@@ -117,51 +154,44 @@ long Tiff::WriteUserData(short /*dir*/, void* /*data*/) {
     return 1;
 }
 
-/// Count, placeholders and link of a directory go out in one write.
+/// The placeholders of several directories, which lie back to back, go out in one write, and its
+/// outcome decides: a failed write leaves the bytes that single ones would have left.
 long Tiff::WriteBlankIFD(void* file, short format) {
-    const TiffIFDEntryStruct blank = {0, SwapSHORT(TIFF_LONG, OrderOf(format)),
-                                      platen::tiff::SwapLONG(1, OrderOf(format)), 0};
     FILE_lseek(file, 0, 2);
-    bool failed = false;
+    BlankDirectories blank(file, OrderOf(format));
+    bool good = true;
     ForEachWritten([&](short dir) {
-        const auto entries = static_cast<std::size_t>(WriteGetIFDNum(dir));
-        const std::size_t link = kCountSize + kEntrySize * entries;
-        std::array<std::uint8_t, kCountSize + kEntrySize * kMostEntries + kLinkSize> bytes{};
-        for (std::size_t i = 0; i < entries; ++i) {
-            std::memcpy(bytes.data() + kCountSize + i * kEntrySize, &blank, kEntrySize);
-        }
-        const auto size = static_cast<LONG>(link + kLinkSize);
-        failed = FILE_write(file, bytes.data(), size) < static_cast<LONG>(link);
-        return !failed;
+        good = blank.Add(static_cast<std::size_t>(WriteGetIFDNum(dir)));
+        return good;
     });
-    return failed ? Fail(-3) : WriteBlankOffset(file, format);
+    return good && blank.Flush() ? WriteBlankOffset(file, format) : Fail(-3);
 }
 
 long Tiff::WriteFullIFD(void* file, short format) {
-    ForEachWritten(
-        [&](short dir) { return WriteChained(file, OrderOf(format), m_StdDir[dir], dir); });
+    platen::tiff::EntryWriter writer(file, OrderOf(format));
+    ForEachWritten([&](short dir) {
+        m_Status = WriteChained(file, writer, OrderOf(format), dir);
+        return m_Status == 1 && m_StdDir[dir].WriteIFDOffset != 0;
+    });
+    writer.Finish();
     return m_Status;
 }
 
-/// Writes a directory and the link that leads to it; false when the chain ends here. Link, count
-/// and entries go out together where they lie together, which is in every directory but the first.
-bool Tiff::WriteChained(void* file, std::uint16_t order, const TiffIFDStdDirStruct& record,
-                        short dir) {
+/// Writes a directory and the link that leads to it: 1, or -3 when link or number of entries
+/// failed. All of it goes out together where it lies together, which is in every directory but the
+/// first.
+std::int32_t Tiff::WriteChained(void* file, platen::tiff::EntryWriter& writer, std::uint16_t order,
+                                short dir) {
+    const Record& record = m_StdDir[dir];
     const std::uint32_t link = platen::tiff::SwapLONG(record.WriteIFDOffset, order);
     const bool together = record.WriteLinkOffset + kLinkSize == record.WriteIFDOffset;
-    FILE_lseek(file, static_cast<LONG>(record.WriteLinkOffset), 0);
     if (!together) {
+        FILE_lseek(file, static_cast<LONG>(record.WriteLinkOffset), 0);
         if (WriteWord(file, &link, kLinkSize) != 1 || record.WriteIFDOffset == 0) {
-            return false;
+            return m_Status;
         }
-        FILE_lseek(file, static_cast<LONG>(record.WriteIFDOffset), 0);
     }
-    platen::tiff::EntryWriter writer(file, order);
-    if (together) {
-        writer.AddPrefix(&link, sizeof(link));
-    }
-    const std::uint16_t count = SwapSHORT(static_cast<std::uint16_t>(WriteGetIFDNum(dir)), order);
-    writer.AddPrefix(&count, sizeof(count));
+    writer.StartDirectory(record.WriteIFDOffset, together ? &link : nullptr);
     const auto add = [&writer](const platen::tiff::TagRow& /*row*/,
                                const platen::tiff::EntryValue& value) { writer.AddEntry(value); };
     platen::tiff::WalkEntries(record, add);
@@ -169,8 +199,7 @@ bool Tiff::WriteChained(void* file, std::uint16_t order, const TiffIFDStdDirStru
     if (old >= 0) {
         platen::tiff::WalkEntries(m_StdDir[old], add);
     }
-    m_Status = writer.Finish() ? 1 : -3;
-    return m_Status == 1;
+    return writer.FlushEntries() ? 1 : -3;
 }
 
 /// The old-form XK directory whose entries stand in directory 0 behind its own, or -1.

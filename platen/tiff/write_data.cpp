@@ -102,14 +102,15 @@ long Tiff::WriteDATA(void* file, short format) {
     return m_Status;
 }
 
+/// Zeros are alike, so that all areas are written as one.
 long Tiff::WriteDATA(void* file) {
     m_Status = 1;
     FILE_lseek(file, 0, 2);
-    ForEachDataArea([&](short dir, std::int64_t size) {
-        if (!WriteArea(file, RowBytes(m_StdDir[dir]), size, [](std::uint8_t*, LONG) {})) {
-            m_Status = -4;
-        }
-    });
+    std::int64_t total = 0;
+    ForEachDataArea([&total](short /*dir*/, std::int64_t size) { total += size; });
+    if (!WriteArea(file, platen::tiff::kLargestChunk, total, [](std::uint8_t*, LONG) {})) {
+        m_Status = -4;
+    }
     return m_Status;
 }
 
