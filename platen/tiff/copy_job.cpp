@@ -23,7 +23,7 @@ constexpr std::uint16_t kStripByteCounts = 279;
 constexpr std::uint16_t kVersion = 42;
 constexpr std::uint16_t kPointerType = 13;
 constexpr std::int64_t kLargestFile = INT32_MAX;
-constexpr std::size_t kChunk = 240 * 1024;  ///< whole samples of every size
+constexpr std::size_t kChunk = std::size_t{240} * 1024;  ///< whole samples of every size
 constexpr std::int64_t kKeptBytesPerByte = 32;
 constexpr std::int64_t kSmallFile = 1 << 20;
 
@@ -92,8 +92,9 @@ Result CopyRun(void* file, OutputFile& output, StripRun run, std::uint32_t swapB
 }  // namespace
 
 std::span<const TiffCopy::KeptEntry> CopyJob::KeptOf(short dir) const {
-    const auto range = std::ranges::equal_range(m_source.kept, dir, {}, &TiffCopy::KeptEntry::dir);
-    return {range.begin(), range.end()};
+    const auto first = std::ranges::lower_bound(m_source.kept, dir, {}, &TiffCopy::KeptEntry::dir);
+    const auto end = std::ranges::upper_bound(m_source.kept, dir, {}, &TiffCopy::KeptEntry::dir);
+    return {first, end};
 }
 
 const char* CopyJob::RefusedTag(short dir) const {

@@ -13,7 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr LONG kWrite = 1;
 constexpr int kTries = 16;
 
 /// A name beside the file that nothing has yet, or an empty path.
