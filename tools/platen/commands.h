@@ -14,5 +14,10 @@ enum ExitStatus : int {
 
 void AddDump(CLI::App& program, int& exitStatus);
 void AddInfo(CLI::App& program, int& exitStatus);
+void AddList(CLI::App& program, int& exitStatus);
+void AddGet(CLI::App& program, int& exitStatus);
+void AddSet(CLI::App& program, int& exitStatus);
+void AddCopy(CLI::App& program, int& exitStatus);
+void AddBlank(CLI::App& program, int& exitStatus);
 
 }  // namespace platen::tool

@@ -6,7 +6,7 @@
 
 #include <platen/tiff/Tiff.h>
 
-#include "messages.h"
+#include "source_file.h"
 
 namespace platen::tool {
 
@@ -31,15 +31,14 @@ class Inspection {
     explicit Inspection(const std::string& name);
 
     [[nodiscard]] const std::string& Name() const { return m_name; }
-    [[nodiscard]] long Status() const { return m_problem.status; }
-    [[nodiscard]] const Problem& GetProblem() const { return m_problem; }
+    [[nodiscard]] long Status() const { return GetProblem().status; }
+    [[nodiscard]] const Problem& GetProblem() const { return m_source.GetProblem(); }
     /// "INTEL", "MOTOROLA", or null when the header was not accepted.
     [[nodiscard]] const char* Format() const;
     [[nodiscard]] std::uint64_t Size() const { return m_size; }
-    /// Directories that were read whole; a failure can leave one that was not behind them.
-    [[nodiscard]] short Directories() const;
+    [[nodiscard]] short Directories() const { return m_source.Directories(); }
     [[nodiscard]] const TiffIFDStdDirStruct& Directory(short dir) const {
-        return m_tiff.getStdDir()[dir];
+        return Engine().getStdDir()[dir];
     }
     /// "XKold", "XK", "B", "G", "P", "R", or "unknown".
     [[nodiscard]] const char* ClassOf(short dir) const;
@@ -47,9 +46,10 @@ class Inspection {
     [[nodiscard]] const std::array<short, kRoles.size()>& Chosen() const { return m_chosen; }
 
   private:
+    [[nodiscard]] const Tiff& Engine() const { return m_source.GetEngine(); }
+
     std::string m_name;
-    Tiff m_tiff;
-    Problem m_problem;
+    SourceFile<Tiff> m_source;
     std::uint64_t m_size = 0;                     ///< bytes
     std::array<short, kRoles.size()> m_chosen{};  ///< once for all: each looks at every directory
 };

@@ -39,13 +39,19 @@ int EndParsing(const CLI::App& program, const CLI::ParseError& error) {
 
 int Run(int argc, char** argv) {
     int exitStatus = kDone;
-    CLI::App program("Reads TIFF files: what their directories hold, and what they are.", "platen");
+    CLI::App program("Shows what TIFF files are and hold, and writes them with other tags.",
+                     "platen");
     program.set_version_flag("--version", "platen " PLATEN_VERSION, "Print the version and exit");
     program.require_subcommand(1);
     program.failure_message(UsageMessage);
     program.footer("'platen SUBCOMMAND --help' tells more and gives an example.");
     AddDump(program, exitStatus);
     AddInfo(program, exitStatus);
+    AddList(program, exitStatus);
+    AddGet(program, exitStatus);
+    AddSet(program, exitStatus);
+    AddCopy(program, exitStatus);
+    AddBlank(program, exitStatus);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -58,8 +64,10 @@ int Run(int argc, char** argv) {
 }  // namespace platen::tool
 
 int main(int argc, char** argv) {
-    // A reader that goes away shows as a failed write, which is reported, instead of ending us.
+    // A reader that goes away, or a file's size limit, shows as a failed write, which is reported,
+    // instead of ending us.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return platen::tool::Run(argc, argv);
     } catch (const std::exception& error) {

@@ -42,6 +42,15 @@ void PrintProblem(std::string_view file, const Problem& problem) {
     PrintToStandardError(line);
 }
 
+void PrintFailure(std::string_view file, long long dir, std::string_view what) {
+    std::string line = "platen: ";
+    line.append(file).append(": ");
+    if (dir >= 0) {
+        line.append("directory ").append(std::to_string(dir)).append(": ");
+    }
+    PrintToStandardError(line.append(what).append("\n"));
+}
+
 void PrintToStandardError(std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stderr);
 }

@@ -10,7 +10,6 @@ namespace platen::tool {
 namespace {
 
 constexpr std::chrono::milliseconds kRedrawInterval{50};
-constexpr const char* kEraseLine = "\r\033[K";
 
 }  // namespace
 

@@ -1,0 +1,42 @@
+#include <memory>
+
+#include "transfer.h"
+
+namespace platen::tool {
+namespace {
+
+struct CopyOptions {
+    TransferOptions transfer;
+    bool raw = false;
+};
+
+int Copy(const CopyOptions& options) {
+    if (options.raw) {
+        return WriteStraight(options.transfer, &Tiff::WriteCopy);
+    }
+    SourceFile<TiffCopy> source(options.transfer.in);
+    if (!source.GetProblem().what.empty()) {
+        PrintProblem(options.transfer.in, source.GetProblem());
+        return kFileFailed;
+    }
+    return CopyFaithfully(source, options.transfer);
+}
+
+}  // namespace
+
+void AddCopy(CLI::App& program, int& exitStatus) {
+    auto options = std::make_shared<CopyOptions>();
+    CLI::App* command = program.add_subcommand(
+        "copy", "Copy a file in either byte order, with the same pixels and tags");
+    options->transfer.AddTo(*command);
+    command->add_flag("--raw", options->raw, "Write the engine's own copy straight to OUT");
+    command->footer(
+        "OUT appears when it is whole; what cannot be copied faithfully, such as compressed\n"
+        "images, is refused. With --raw, nothing is: directories without a subfile type are "
+        "passed\n"
+        "over, and a directory's image is one block from its first strip on.\nExample:\n  platen "
+        "copy --motorola scan.tif big-endian.tif");
+    command->callback([options, &exitStatus] { exitStatus = Copy(*options); });
+}
+
+}  // namespace platen::tool

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <platen/tiff/tag_table.h>
+
+/// Tags as people write them.
+namespace platen::tool {
+
+/// The row of a tag that is given by its number or its name; throws CLI::ValidationError for a tag
+/// that is not known.
+const tiff::TagRow& TagNamed(std::string_view tag);
+
+/// The value that a record holds: numbers or fractions separated by one space, or the text as it
+/// is. None when the tag is absent.
+std::optional<std::string> TagText(const tiff::TagRow& row, const TiffIFDStdDirStruct& record);
+
+}  // namespace platen::tool
