@@ -169,13 +169,13 @@ TEST(Files, ABadHandleOrNameIsTakenForAFile) {
 
 TEST(Files, AccessDiffersFromTheModeOrAnOpenTruncates) {
     const struct {
-        int mode;
         const char* read;
+        int mode;
         UINT written;
-    } cases[] = {{OF_READ, "a", kFailed},
-                 {OF_WRITE, "(failed)", 1},
-                 {OF_READWRITE, "a", 1},
-                 {0x8301, "(failed)", 1}};
+    } cases[] = {{"a", OF_READ, kFailed},
+                 {"(failed)", OF_WRITE, 1},
+                 {"a", OF_READWRITE, 1},
+                 {"(failed)", 0x8301, 1}};
     for (const auto& test : cases) {
         const TemporaryFile file("abc");
         const OpenedFile opened(file, test.mode);

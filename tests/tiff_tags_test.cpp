@@ -191,33 +191,61 @@ Entry Characters(std::uint16_t tag, const std::string& bytes) {
 }
 
 /// Values of a lone entry that do not fit in it lie at 26.
-std::vector<Sample> Samples(Kind kind, std::uint16_t tag, Order order) {
+std::vector<Sample> NumberSamples(Kind kind, std::uint16_t tag, Order order) {
     const bool intel = order == Order::Intel;
-    const Entry noShorts = Word(tag, TIFF_SHORT, 0, 0);
-    const Entry noLongs = Word(tag, TIFF_LONG, 0, 0);
-    const Entry noRatios = Word(tag, TIFF_RATIONAL, 0, 0);
-    const std::vector<Rational> seven = {{1, 2}, {3, 4}, {5, 6}, {7, 8}, {9, 1}, {2, 3}, {4, 5}};
     const std::string lowHalf = intel ? "3" : "40000";
     switch (kind) {
         case Kind::Word:
             return {{Shorts(tag, {40000}), "40000", Datum("40000")},
                     {Shorts(tag, {3, 40000}), lowHalf, Datum(lowHalf)},
                     {Shorts(tag, {7, 8, 9}), "26", Datum("26")},
-                    {noShorts, "0", Datum("0")}};
+                    {Word(tag, TIFF_SHORT, 0, 0), "0", Datum("0")}};
         case Kind::Long:
             return {{Longs(tag, {4000000000}), "4000000000", Datum("-294967296")},
                     {Longs(tag, {1, 2}), "26", Datum("26")},
-                    {noLongs, "0", Datum("0")}};
+                    {Word(tag, TIFF_LONG, 0, 0), "0", Datum("0")}};
         case Kind::Size:
             return {{Shorts(tag, {640}), "640", Datum("640")},
                     {Shorts(tag, {40000}), "-25536", Datum("40000")},
                     {Longs(tag, {70000}), "70000", Datum("70000")},
                     {Longs(tag, {1, 2}), "26", Datum("26")}};
+        case Kind::Pair:
+            return {{Shorts(tag, {2, 5}), " 2 5", "\r\n2 5 \r\n"},
+                    {Shorts(tag, {9}), " 9 0", Datum("9")},
+                    {Shorts(tag, {1, 2, 3}), intel ? " 26 0" : " 0 26",
+                     intel ? "\r\n26 0 \r\n" : "\r\n0 26 \r\n"}};
+        default:
+            return {};
+    }
+}
+
+std::vector<Sample> RatioSamples(Kind kind, std::uint16_t tag) {
+    const Entry noRatios = Word(tag, TIFF_RATIONAL, 0, 0);
+    const std::vector<Rational> seven = {{1, 2}, {3, 4}, {5, 6}, {7, 8}, {9, 1}, {2, 3}, {4, 5}};
+    switch (kind) {
         case Kind::Ratio:
             return {{Rationals(tag, {{300, 7}}), "300/7", Datum("300/7")},
                     {Rationals(tag, {{4000000000, 1}}), "4000000000/1", Datum("-294967296/1")},
                     {Rationals(tag, {{1, 2}, {3, 4}}), "1/2", Items({"1/2"})},
                     {noRatios, kNoRatio, Datum("-1/-1"), -4}};
+        case Kind::TwoRatios:
+            return {{Rationals(tag, {{1, 2}}), std::string(" 1/2 ") + kNoRatio, Datum("1/2")},
+                    {Rationals(tag, {{1, 2}, {3, 4}}), " 1/2 3/4", Items({"1/2", "3/4"})},
+                    {Rationals(tag, seven), " 1/2 3/4", Items({"1/2", "3/4"})},
+                    {noRatios, kTwoNoRatios, Datum("-1/-1"), -4}};
+        case Kind::SixRatios:
+            return {{Rationals(tag, seven), " 1/2 3/4 5/6 7/8 9/1 2/3",
+                     Items({"1/2", "3/4", "5/6", "7/8", "9/1", "2/3"})},
+                    {noRatios, kSixNoRatios, Datum("-1/-1"), -4}};
+        default:
+            return {};
+    }
+}
+
+std::vector<Sample> BlockSamples(Kind kind, std::uint16_t tag) {
+    const Entry noShorts = Word(tag, TIFF_SHORT, 0, 0);
+    const Entry noLongs = Word(tag, TIFF_LONG, 0, 0);
+    switch (kind) {
         case Kind::Text:
             return {{Text(tag, ""), "''", Datum("''")},
                     {Text(tag, "a"), "'a'", Datum("'a'")},
@@ -240,22 +268,17 @@ std::vector<Sample> Samples(Kind kind, std::uint16_t tag, Order order) {
                 {Longs(tag, {5, 4000000000}), "2: null | 5 4000000000", "\r\n5 4000000000 \r\n"},
                 {noShorts, "0: null | null", Datum("0"), -4},
                 {noLongs, "0: null | null", Datum("0"), -4}};
-        case Kind::Pair:
-            return {{Shorts(tag, {2, 5}), " 2 5", "\r\n2 5 \r\n"},
-                    {Shorts(tag, {9}), " 9 0", Datum("9")},
-                    {Shorts(tag, {1, 2, 3}), intel ? " 26 0" : " 0 26",
-                     intel ? "\r\n26 0 \r\n" : "\r\n0 26 \r\n"}};
-        case Kind::TwoRatios:
-            return {{Rationals(tag, {{1, 2}}), std::string(" 1/2 ") + kNoRatio, Datum("1/2")},
-                    {Rationals(tag, {{1, 2}, {3, 4}}), " 1/2 3/4", Items({"1/2", "3/4"})},
-                    {Rationals(tag, seven), " 1/2 3/4", Items({"1/2", "3/4"})},
-                    {noRatios, kTwoNoRatios, Datum("-1/-1"), -4}};
-        case Kind::SixRatios:
-            return {{Rationals(tag, seven), " 1/2 3/4 5/6 7/8 9/1 2/3",
-                     Items({"1/2", "3/4", "5/6", "7/8", "9/1", "2/3"})},
-                    {noRatios, kSixNoRatios, Datum("-1/-1"), -4}};
+        default:
+            return {};
     }
-    return {};
+}
+
+std::vector<Sample> Samples(Kind kind, std::uint16_t tag, Order order) {
+    std::vector<Sample> all = NumberSamples(kind, tag, order);
+    for (const auto& more : {RatioSamples(kind, tag), BlockSamples(kind, tag)}) {
+        all.insert(all.end(), more.begin(), more.end());
+    }
+    return all;
 }
 
 /// The report of a file that holds one entry; `line` follows the head, empty for no line.
@@ -408,6 +431,7 @@ TEST(ColorTable, OneWithoutValuesIsNotSynthesised) {
 
 TEST(Records, AFreshGrownOrResetRecordKeepsOldValues) {
     std::vector<Entry> all;
+    all.reserve(kRows.size() + 1);
     for (const Row& row : kRows) {
         all.push_back(Samples(row.kind, row.tag, Order::Intel).at(0).entry);
     }

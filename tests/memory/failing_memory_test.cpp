@@ -81,7 +81,6 @@ using platen::test::Rationals;
 using platen::test::Shorts;
 using platen::test::TemporaryFile;
 using platen::test::Text;
-using platen::test::Word;
 
 /// Runs `pass` with allocation 1, 2, 3... failing, alone and with all after it, until it needs no
 /// more of them. Answers how many failures there were.

@@ -55,7 +55,7 @@ Bytes Overlapping(const std::vector<Entry>& entries, std::uint32_t count, std::u
     for (const Entry& entry : entries) {
         pattern += Build({.directories = {{{entry}}}}).substr(10, 12);
     }
-    const std::size_t size = bytes.size() + ((count - 1) * step + length + 1) * 12;
+    const std::size_t size = bytes.size() + (std::size_t{count - 1} * step + length + 1) * 12;
     while (bytes.size() < size) {
         bytes += pattern;
     }
