@@ -145,7 +145,7 @@ std::string OutputOf(const std::string& command) {
 }
 
 bool HasProgram(const std::string& name) {
-    return !OutputOf("command -v " + name + " 2>/dev/null").empty();
+    return !OutputOf(std::string("command -v ").append(name).append(" 2>/dev/null")).empty();
 }
 
 std::string EntryLine(unsigned tag, unsigned type, unsigned count, const std::string& values) {
@@ -158,13 +158,14 @@ std::string EntryLine(unsigned tag, unsigned type, unsigned count, const std::st
 /// A RowsPerStrip of type SHORT is left out, as the engine does.
 std::vector<std::string> ToolLines(const std::string& path) {
     std::vector<std::string> lines;
-    std::istringstream input(OutputOf("tiffdump -m 100000 '" + path + "'"));
+    std::istringstream input(
+        OutputOf(std::string("tiffdump -m 100000 '").append(path).append("'")));
     unsigned tag = 0;
     unsigned type = 0;
     unsigned count = 0;
     for (std::string line; std::getline(input, line);) {
         if (std::sscanf(line.c_str(), "Directory %*u: offset %u", &count) == 1) {
-            lines.push_back("at " + std::to_string(count));
+            lines.push_back(std::string("at ").append(std::to_string(count)));
         } else if (std::sscanf(line.c_str(), "%*s (%u) %*s (%u) %u<", &tag, &type, &count) == 3 &&
                    (tag != 278 || type != TIFF_SHORT)) {
             std::string values = line.substr(line.find('<') + 1);
@@ -200,14 +201,16 @@ std::vector<std::string> ReportLines(const std::string& report) {
         line.pop_back();
         const std::size_t datum = line.find(" Data: ");
         if (std::sscanf(line.c_str(), "IFD at offset %u", &count) == 1) {
-            lines.push_back("at " + std::to_string(count));
+            lines.push_back(std::string("at ").append(std::to_string(count)));
         } else if (std::sscanf(line.c_str(), "%*s %u(0x%*x) N=%u %19s", &tag, &count, word) == 3) {
             const auto type = std::ranges::find(words, word) - words.begin();
             lines.push_back(EntryLine(
                 tag, static_cast<unsigned>(type), count,
                 datum == std::string::npos ? std::string() : ToolValue(line.substr(datum + 7))));
         } else if (std::sscanf(line.c_str(), " Data[%u]:", &count) == 1) {
-            lines.back() += (count == 0 ? "" : " ") + ToolValue(line.substr(line.find(':') + 2));
+            lines.back()
+                .append(count == 0 ? "" : " ")
+                .append(ToolValue(line.substr(line.find(':') + 2)));
         } else if (line.find_first_not_of("0123456789 ") == std::string::npos) {
             lines.back() += line.substr(0, line.size() - 1);
         }

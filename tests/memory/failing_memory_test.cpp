@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
-#include <new>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,65 +11,12 @@
 #include <platen/base/memory.h>
 #include <platen/tiff/Tiff.h>
 
+#include "tests/memory/failing_allocator.h"
 #include "tests/support/temporary_file.h"
 #include "tests/support/tiff_builder.h"
 
 /// Memory that runs out at every allocation in turn. Leaks and bad accesses show under the address
 /// sanitizer.
-namespace {
-
-struct Failure {
-    int countdown = 0;  ///< allocations until the one that fails; 0: none fails
-    bool lasting = false;
-    bool happened = false;
-};
-Failure g_failure;
-
-bool Fails() {
-    if (g_failure.countdown == 0 || --g_failure.countdown > 0) {
-        return false;
-    }
-    g_failure.countdown = g_failure.lasting ? 1 : 0;
-    g_failure.happened = true;
-    return true;
-}
-
-}  // namespace
-
-extern "C" {
-void* __real_malloc(std::size_t size);
-void* __real_calloc(std::size_t count, std::size_t size);
-void* __real_realloc(void* block, std::size_t size);
-
-void* __wrap_malloc(std::size_t size) {
-    return Fails() ? nullptr : __real_malloc(size);
-}
-void* __wrap_calloc(std::size_t count, std::size_t size) {
-    return Fails() ? nullptr : __real_calloc(count, size);
-}
-void* __wrap_realloc(void* block, std::size_t size) {
-    return Fails() ? nullptr : __real_realloc(block, size);
-}
-}
-
-// The library's few uses of `new` never throw; they are to fail as well.
-void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-    return std::malloc(size);
-}
-void* operator new(std::size_t size) {
-    void* block = __real_malloc(size);
-    return block != nullptr ? block : throw std::bad_alloc();
-}
-void operator delete(void* block) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, std::size_t /*size*/) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, const std::nothrow_t& /*tag*/) noexcept {
-    std::free(block);
-}
-
 namespace {
 
 using platen::test::Build;
@@ -89,10 +34,10 @@ int FailInTurn(Pass pass) {
     int failures = 0;
     for (const bool lasting : {false, true}) {
         for (int i = 1;; ++i) {
-            g_failure = {i, lasting, false};
+            platen::test::g_failure = {i, lasting, false};
             pass();
-            const bool happened = g_failure.happened;
-            g_failure = {};
+            const bool happened = platen::test::g_failure.happened;
+            platen::test::g_failure = {};
             if (!happened) {
                 break;
             }
@@ -151,7 +96,7 @@ TEST(FailingMemory, AReadLeaksOrDisagreesWithItself) {
     bool passed = false;
     const int failures = FailInTurn([&] {
         const Outcome outcome = ReadOnce(file.Name(), report);
-        passed = !g_failure.happened;
+        passed = !platen::test::g_failure.happened;
         const long known[] = {1, -3, -4};
         EXPECT_NE(std::ranges::find(known, outcome.status), std::end(known)) << outcome.status;
         EXPECT_TRUE(outcome.opened || outcome.status == -3 || outcome.status == -4);
@@ -159,7 +104,8 @@ TEST(FailingMemory, AReadLeaksOrDisagreesWithItself) {
         EXPECT_LE(outcome.count, 40);
         EXPECT_TRUE(outcome.count == 0 || outcome.lastWidth == 7 || outcome.status != 1);
         EXPECT_TRUE(outcome.reportSize == 0 || outcome.reportSize == outcome.reportLength + 1);
-        EXPECT_TRUE(g_failure.happened || (outcome.status == 1 && outcome.count == 40));
+        EXPECT_TRUE(platen::test::g_failure.happened ||
+                    (outcome.status == 1 && outcome.count == 40));
     });
     EXPECT_TRUE(passed);
     EXPECT_GT(failures, 500) << "too few allocations were made to fail";
