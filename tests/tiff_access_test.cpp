@@ -1,0 +1,315 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <vector>
+
+#include <platen/tiff/Tiff.h>
+
+#include "tests/support/read_tiff.h"
+#include "tests/support/tiff_builder.h"
+#include "tests/tiff_writing.h"
+
+namespace {
+
+using namespace platen::test;
+
+enum class Kind { Short, Long, Shorts, Offsets, Text, Group };
+
+/// What a tag exchanges: `count` values of `width` bytes, of arrays and texts as many as there are.
+struct Shape {
+    std::uint16_t tag;
+    Kind kind;
+    std::size_t width;
+    std::int32_t count = 1;
+    std::size_t taken = 0;  ///< bytes that setTAG reads of a group
+};
+
+std::vector<Shape> Shapes() {
+    std::vector<Shape> shapes = {{297, Kind::Group, 2, 2, 4},
+                                 {318, Kind::Group, 8, 2, 16},
+                                 {319, Kind::Group, 8, 6, 48},
+                                 {33447, Kind::Group, 2, 16, 34}};
+    for (const int tag :
+         {255, 259, 262, 263, 264, 265, 266, 274, 277, 280, 281, 284, 290, 296, 300, 317}) {
+        shapes.push_back({static_cast<std::uint16_t>(tag), Kind::Short, 2});
+    }
+    for (const int tag : {254, 256, 257, 278, 292, 293, 322, 323, 33445}) {
+        shapes.push_back({static_cast<std::uint16_t>(tag), Kind::Long, 4});
+    }
+    for (const int tag : {282, 283, 286, 287, 33446}) {
+        shapes.push_back({static_cast<std::uint16_t>(tag), Kind::Group, 8, 1, 8});
+    }
+    for (const int tag : {258, 291, 301, 320}) {
+        shapes.push_back({static_cast<std::uint16_t>(tag), Kind::Shorts, 2, 0});
+    }
+    for (const int tag : {273, 279, 324, 325}) {
+        shapes.push_back({static_cast<std::uint16_t>(tag), Kind::Offsets, 4, 0});
+    }
+    for (const int tag :
+         {269, 270, 271, 272, 285, 305, 306, 315, 316, 33448, 33449, 33450, 33451, 33452}) {
+        shapes.push_back({static_cast<std::uint16_t>(tag), Kind::Text, 1, 0});
+    }
+    return shapes;
+}
+
+bool IsTile(std::uint16_t tag) {
+    return tag >= 322 && tag <= 325;
+}
+
+/// What getTAG gives; the buffer has guards on both sides.
+Bytes Get(const Tiff& tiff, const Shape& shape, short dir = 0) {
+    std::int32_t count = -77;
+    tiff.getTAG(shape.tag, nullptr, count, dir);
+    const std::size_t size = count > 0 ? static_cast<std::size_t>(count) * shape.width : 0;
+    Bytes buffer(size + 32, '\xA5');
+    std::int32_t again = -77;
+    tiff.getTAG(shape.tag, buffer.data() + 16, again, dir);
+    EXPECT_EQ(count, again);
+    EXPECT_EQ(buffer.substr(0, 16), Bytes(16, '\xA5')) << shape.tag;
+    EXPECT_EQ(buffer.substr(16 + size), Bytes(16, '\xA5')) << shape.tag;
+    return buffer.substr(16, size);
+}
+
+/// A value of a tag that no other tag and no other seed has; all halves are from 1 to 32,767.
+Bytes ValueOf(const Shape& shape, unsigned seed) {
+    std::size_t size = shape.taken;
+    if (shape.kind == Kind::Short || shape.kind == Kind::Long) {
+        size = shape.width;
+    } else if (size == 0) {
+        size = shape.width * (1 + (shape.tag + seed) % 6);
+    }
+    Bytes bytes;
+    for (unsigned i = 0; bytes.size() < size; ++i) {
+        const unsigned half = 1 + (shape.tag * 31U + seed * 1009U + i * 77U) % 32767;
+        bytes += static_cast<char>(half);
+        bytes += static_cast<char>(half >> 8U);
+    }
+    bytes.resize(size);
+    if (shape.kind == Kind::Text) {
+        std::fill(bytes.begin(), bytes.end(), static_cast<char>('a' + (shape.tag + seed) % 26));
+        bytes.back() = '\0';
+    }
+    return bytes;
+}
+
+void Set(Tiff& tiff, const Shape& shape, const Bytes& value, short dir = 0) {
+    std::uint32_t number = 0;
+    std::copy_n(value.data(), std::min<std::size_t>(4, value.size()),
+                reinterpret_cast<char*>(&number));
+    if (shape.kind == Kind::Short || shape.kind == Kind::Long) {
+        SetNumber(tiff, shape.tag, number, dir);
+        return;
+    }
+    const std::vector<char> lent(value.begin(), value.end());  // its end is watched
+    const auto count = static_cast<std::int32_t>(value.size() / shape.width);
+    tiff.setTAG(shape.tag, AddressOf(lent.data()), count, dir);
+}
+
+void SetEveryTag(Tiff& tiff, unsigned seed, short dir = 0) {
+    for (const Shape& shape : Shapes()) {
+        Set(tiff, shape, ValueOf(shape, seed), dir);
+    }
+}
+
+std::vector<Bytes> Everything(const Tiff& tiff, short dir = 0) {
+    std::vector<Bytes> values;
+    for (const Shape& shape : Shapes()) {
+        values.push_back(IsTile(shape.tag) ? Bytes() : Get(tiff, shape, dir));
+    }
+    return values;
+}
+
+TEST(TagAccess, AValueDoesNotComeBackOrLandsInAnotherField) {
+    Tiff tiff;
+    tiff.ReAllocStdTiff();
+    const std::vector<Bytes> untouched = Everything(tiff, 0);
+    ASSERT_EQ(Shapes().size(), 56U);
+    for (const Shape& shape : Shapes()) {
+        const bool fixed = shape.count > 0;
+        EXPECT_EQ(Get(tiff, shape, 1).size(), fixed ? shape.width * std::size_t(shape.count) : 0)
+            << shape.tag << " is absent";
+    }
+    for (const unsigned seed : {1U, 2U}) {  // the second time every block is replaced
+        SetEveryTag(tiff, seed, 1);
+        for (const Shape& shape : Shapes()) {
+            Bytes value = ValueOf(shape, seed);
+            value.resize(shape.tag == 33447 ? 32 : value.size());
+            EXPECT_EQ(Shown(Get(tiff, shape, 1)), Shown(value)) << shape.tag;
+        }
+    }
+    EXPECT_EQ(tiff.getStdDir()[1].ColorTableCount, 17U);
+    EXPECT_EQ(tiff.getStdDir()[1].ColorTable[17], 0);
+    EXPECT_EQ(Everything(tiff, 0), untouched);
+    for (const Shape& shape : Shapes()) {
+        if (shape.count == 0) {
+            tiff.setTAG(shape.tag, AddressOf("none"), 0, 1);
+            EXPECT_EQ(Get(tiff, shape, 1), Bytes()) << shape.tag << " is not emptied";
+        }
+    }
+}
+
+constexpr short kBoth[] = {0, 1};
+
+TEST(TagAccess, WhatWasSetDoesNotSurviveAFileInEitherOrder) {
+    Tiff tiff;
+    tiff.ReAllocStdTiff();
+    SetEveryTag(tiff, 3, 0);
+    SetEveryTag(tiff, 4, 1);
+    for (const short dir : kBoth) {  // an image of 24 bytes; the size test wants it in the file
+        SetNumber(tiff, 256, 4, dir);
+        SetNumber(tiff, 257, 2, dir);
+        SetNumber(tiff, 277, 3, dir);
+        SetShorts(tiff, 258, {8, 8, 8}, dir);
+    }
+    for (const short format : kFormats) {
+        const ReadTiff<> read(WrittenNew(tiff, format));
+        ASSERT_EQ(read.status, 1);
+        ASSERT_EQ(read.Count(), 2);
+        for (const short dir : kBoth) {
+            EXPECT_EQ(Everything(read.tiff, dir), Everything(tiff, dir));
+        }
+        for (const short next : kFormats) {  // a file that was read goes into either order
+            ReadTiff<> source(read.file.Contents());
+            const TemporaryFile copy;
+            EXPECT_EQ(source.tiff.WriteCopy(copy.Name(), next), 1);
+            const ReadTiff<> back(copy.Contents());
+            EXPECT_EQ(back.status, 1);
+            ASSERT_EQ(back.Count(), 2);
+            EXPECT_EQ(Everything(back.tiff, 0), Everything(tiff, 0));
+            EXPECT_EQ(Everything(back.tiff, 1), Everything(tiff, 1));
+        }
+    }
+}
+
+TEST(TagAccess, AnUnknownTagOrIndexReadsOrChangesSomething) {
+    Tiff tiff;
+    SetEveryTag(tiff, 1);
+    const std::vector<Bytes> before = Everything(tiff);
+    const std::vector<char> data(64, '\1');
+    for (const int tag : {0,   253, 260, 261, 267, 268, 275, 276, 288, 289,   294,   295,
+                          298, 299, 302, 304, 307, 314, 321, 326, 330, 33444, 33453, 65535}) {
+        const Shape shape = {static_cast<std::uint16_t>(tag), Kind::Group, 1};
+        tiff.setTAG(shape.tag, AddressOf(data.data()), 8, 0);
+        EXPECT_EQ(Get(tiff, shape), Bytes()) << tag;
+    }
+    constexpr short kLowest = std::numeric_limits<short>::min();
+    constexpr short kHighest = std::numeric_limits<short>::max();
+    for (const short dir : {kLowest, short{-1}, short{1}, kHighest}) {
+        for (const Shape& shape : Shapes()) {
+            Set(tiff, shape, ValueOf(shape, 2), dir);
+            EXPECT_EQ(Get(tiff, shape, dir), Bytes()) << shape.tag;
+        }
+    }
+    EXPECT_EQ(Everything(tiff), before);
+
+    tiff.FreeStdTiff();
+    std::int32_t count = 5;
+    tiff.getTAG(256, nullptr, count, 0);
+    EXPECT_EQ(count, 5) << "without records the count stays";
+    SetNumber(tiff, 256, 1);
+}
+
+TEST(TagAccess, ACountThatCannotBeLeavesMoreElementsThanTheBlock) {
+    constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+    for (const Shape& shape : Shapes()) {
+        for (const std::int32_t count : {-1, kLeast, 0x40000000}) {
+            if (shape.count != 0 || (count > 0 && shape.kind != Kind::Offsets)) {
+                continue;
+            }
+            Tiff tiff;
+            Set(tiff, shape, ValueOf(shape, 1));
+            tiff.setTAG(shape.tag, AddressOf(tiff.getStdDir()), count, 0);
+            EXPECT_EQ(Get(tiff, shape), Bytes()) << shape.tag << " count " << count;
+        }
+    }
+    Tiff tiff;
+    const std::vector<std::uint16_t> slots(17, 5);
+    SetNumber(tiff, 254, 0);
+    SetNumber(tiff, 33445, 0);
+    for (const std::int32_t count : {kLeast, 0, 18, 19, std::numeric_limits<std::int32_t>::max()}) {
+        tiff.setTAG(33447, AddressOf(slots.data()), count, 0);
+        EXPECT_EQ(tiff.getStdDir()->ColorTableCount, static_cast<std::uint32_t>(count));
+        const ReadTiff<> read(WrittenNew(tiff, TIFF_INTEL));
+        EXPECT_EQ(read.Record().ColorTableCount, count <= 0 ? 0U : 18U);
+    }
+}
+
+TEST(TagAccess, ATextLosesItsEndOrTakesTooMuch) {
+    struct Case {
+        std::vector<char> given;
+        std::int32_t count;
+        const char* held;
+    };
+    const Case cases[] = {
+        {{'a', 'b', 'c', '\0'}, 4, "abc"}, {{'a', 'b', 'c', 'd'}, 4, "abc"}, {{'a', 'b'}, 1, ""},
+        {{'a', '\0'}, 100, "a"},           {{'a', '\0', 'b', '\0'}, 4, "a"}, {{'\0'}, 1, ""}};
+    for (const Case& c : cases) {
+        Tiff tiff;
+        tiff.setTAG(305, AddressOf(c.given.data()), c.count, 0);
+        EXPECT_EQ(Get(tiff, {305, Kind::Text, 1}), c.held + Bytes(1, '\0'));
+    }
+}
+
+TEST(TagAccess, AShortNumberKeepsMoreThanItsLowHalf) {
+    Tiff tiff;
+    SetNumber(tiff, 255, 0x10002);
+    EXPECT_EQ(tiff.getStdDir()->SubfileType, 2);
+    SetNumber(tiff, 256, 0xFFFFFFFE);
+    EXPECT_EQ(tiff.getStdDir()->ImageWidth, -2);
+    SetNumber(tiff, 254, 0xFFFFFFFE);
+    EXPECT_EQ(tiff.getStdDir()->NewSubfileType, 0xFFFFFFFE);
+}
+
+TEST(TagAccess, ShortOffsetsAreNotWidenedOrStayBesideNewOnes) {
+    constexpr std::uint16_t kTags[] = {273, 279, 324, 325};
+    for (const std::uint16_t tag : kTags) {
+        const Shape shape = {tag, Kind::Offsets, 4};
+        ReadTiff<> read(Build({.directories = {{{Shorts(tag, {8, 40000})}}}}));
+        EXPECT_EQ(Shown(Get(read.tiff, shape)), "08 00 00 00 40 9C 00 00 ");
+        SetLongs(read.tiff, tag, {1, 2, 3});
+        EXPECT_EQ(Get(read.tiff, shape).size(), 12U);
+        EXPECT_EQ(read.Record().StripOffsetsShort, nullptr);
+        EXPECT_EQ(read.Record().TileOffsetsShort, nullptr);
+    }
+}
+
+TEST(TagAccess, AValueTakenFromTheRecordItselfIsReadAfterItsRelease) {
+    Tiff tiff;
+    SetEveryTag(tiff, 5);
+    TiffIFDStdDirStruct& record = *tiff.getStdDir();
+    SetText(tiff, 305, "a text that is cut");
+    SetShorts(tiff, 320, {1, 2, 3, 4});
+    SetLongs(tiff, 273, {5, 6, 7, 8});
+    tiff.setTAG(305, AddressOf(record.Software + 7), 12, 0);
+    tiff.setTAG(320, AddressOf(record.ColorMap + 1), 2, 0);
+    tiff.setTAG(273, AddressOf(record.StripOffsetsLong + 2), 2, 0);
+    tiff.setTAG(318, AddressOf(record.PrimaryChromaticities + 1), 2, 0);
+    EXPECT_STREQ(record.Software, "that is cut");
+    EXPECT_EQ(record.ColorMap[1], 3);
+    EXPECT_EQ(record.StripOffsetsLong[1], 8U);
+    EXPECT_EQ(record.WhitePoint[1], record.PrimaryChromaticities[2]);
+}
+
+/// An entry of a type that is not taken still leaves its count.
+TEST(TagAccess, ACountThatLiesAboutItsBlockReadsBeyondIt) {
+    for (const std::uint32_t count : {1U, 1000U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+        const bool fits = count <= 1000;
+        ReadTiff<> read(Build({.directories = {{{Longs(254, {0}), Shorts(273, {5, 6}),
+                                                 Word(273, TIFF_RATIONAL, count, 0)}}}}));
+        ASSERT_EQ(read.Record().StripOffsetsCount, count);
+        std::vector<std::uint32_t> out(fits ? count : 1);
+        std::int32_t got = 0;
+        read.tiff.getTAG(273, fits ? out.data() : nullptr, got, 0);
+        EXPECT_EQ(static_cast<std::uint32_t>(got), count);
+        EXPECT_EQ(out[0], fits ? 5U : 0U);
+        EXPECT_EQ(out.back(), count == 1 ? 5U : 0U) << "what is not held is given as 0";
+        const Bytes written = WrittenNew(read.tiff, TIFF_INTEL);
+        EXPECT_EQ(written.size(), 8 + 2 + 3 * 12 + 4 + 4U);
+        EXPECT_EQ(read.tiff.WriteIFDStdDir(FILE_none(), 0, 0, 0), 3);
+        SetLongs(read.tiff, 273, {9});
+        EXPECT_EQ(Get(read.tiff, {273, Kind::Offsets, 4}).size(), 4U);
+    }
+}
+
+}  // namespace
