@@ -16,8 +16,8 @@ constexpr std::uint32_t kTextInEntry = 4;
 
 }  // namespace
 
-/// The raw block of an entry's values, `extra` zero bytes behind them; null and status -4 when it
-/// cannot be had.
+/// The raw block of an entry's values, and `extra` bytes of what the file has behind them; null and
+/// status -4 when it cannot be had.
 std::uint8_t* Tiff::FetchBlock(void* file, const TiffIFDEntryStruct& entry,
                                std::uint32_t elementSize, std::uint32_t extra) {
     const std::uint64_t size = std::uint64_t{entry.Count} * elementSize + extra;
@@ -108,7 +108,11 @@ char* Tiff::GetASCII(void* file, const TiffIFDEntryStruct& entry) {
         return nullptr;
     }
     if (entry.Count > kTextInEntry) {
-        return reinterpret_cast<char*>(FetchBlock(file, entry, 1, 1));
+        auto* characters = reinterpret_cast<char*>(FetchBlock(file, entry, 1, 1));
+        if (characters != nullptr) {
+            characters[entry.Count] = '\0';  // the file goes on behind the text
+        }
+        return characters;
     }
     auto* text = NewBlock<char>(entry.Count);
     if (text == nullptr) {
