@@ -1,44 +1,18 @@
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <string>
 #include <vector>
 
 #include <platen/base/files.h>
 #include <platen/tiff/Tiff.h>
 
+#include <fuzz/memory_file.h>
+
 /// Arbitrary bytes read as a file, the report switched on, and every question asked afterwards.
 namespace {
 
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
-
-/// A file in memory with a name under which it can be opened.
-class MemoryFile {
-  public:
-    MemoryFile(const std::uint8_t* data, std::size_t size)
-        : m_descriptor(memfd_create("platen-fuzz", MFD_CLOEXEC)) {
-        Require(m_descriptor >= 0);
-        Require(write(m_descriptor, data, size) == static_cast<ssize_t>(size));
-    }
-    ~MemoryFile() { close(m_descriptor); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    [[nodiscard]] std::string Path() const {
-        return "/proc/self/fd/" + std::to_string(m_descriptor);
-    }
-
-  private:
-    int m_descriptor;
-};
+using platen::fuzz::MemoryFile;
+using platen::fuzz::Require;
 
 /// A directory has one class at most; one outside the records has none.
 void AskClasses(const Tiff& tiff, short dir, bool inside) {
