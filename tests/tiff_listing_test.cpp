@@ -53,7 +53,7 @@ void SetEveryTag(Tiff& tiff) {
     constexpr std::uint16_t kTexts[] = {269, 270, 271,   272,   285,   305,   306,
                                         315, 316, 33448, 33449, 33450, 33451, 33452};
     for (const std::uint16_t tag : kTexts) {
-        SetText(tiff, tag, "t" + std::to_string(tag));
+        SetText(tiff, tag, std::to_string(tag) + "t");
     }
     constexpr std::uint16_t kLongs[] = {256, 257, 292, 293, 33445};
     for (const std::uint16_t tag : kLongs) {
@@ -89,24 +89,24 @@ const std::vector<std::string> kEveryLine = {
     "ImageWidth*          6 Pixels", "ImageLenght*         7 Pixels", "BitsPerSample*       8 8 65535 Bits",
     "Compression*         1               No compression", "PhotoInterpretation  1               Black is defined as 0",
     "Thresholding         1               Bilevel line art", "CellWidth            32767", "CellLength           -32768",
-    "FillOrder            1               Most significant bits are filled first", "DocumentName         't269'",
-    "ImageDescription     't270      '", "Model                't272'", "Make                 't271'",
+    "FillOrder            1               Most significant bits are filled first", "DocumentName         '269t'",
+    "ImageDescription     '270t      '", "Model                '272t'", "Make                 '271t'",
     "StripOffsets*        8        123456789 -2       ", "Orientation          1               Row=0, Col=0 ---> Top, Left",
     "SamplesPerPixel      1         ", "RowsPerStrip         4294967295", "StripByteCounts*     1        ",
     "MinSampleValue       40000", "MaxSampleValue       65535", "XResolution          282/-2", "YResolution          283/-2",
-    "PlanarConfiguration  1               Sample values are stored contigously", "PageName             't285'",
+    "PlanarConfiguration  1               Sample values are stored contigously", "PageName             '285t'",
     "XPosition            286/-2", "YPosition            287/-2", "GrayResponseUnit     1               In tenths of a unit",
     "GrayResponseCurve    3 Words", "Group3Options        42              Invalid",
     "Group4Options        43              Invalid", "ResolutionUnit       1               No absolute unit",
     "PageNumber           0, 32767", "ColorResponseUnit    1               In tenths of a unit", "ColorResponseCurve   2 Words",
-    "Software             't305'", "DateTime             't306'", "Artist               't315'", "HostComputer         't316'",
+    "Software             '305t'", "DateTime             '306t'", "Artist               '315t'", "HostComputer         '316t'",
     "Predictor            1               No prediction scheme used", "WhitePoint           1/2, 3/4",
     "PrimChromaticities   1/2, 3/4, 5/6, 7/8, 9/10, 11/12", "ColorMap             4 Words", "", ">XK Private TIFF",
     "FileTag              33195 Unknown", "ScalePixel           33446/-2", "ColorTable           0      1      22    ",
     "                     333    4444   55555 ", "                     65535  7      8     ",
     "                     9      10     11    ", "                     12     13     14    ",
-    "                     15     16    ", "LabName              't33448'", "SampleInfo           't33449'",
-    "PrepDate             't33450'", "PrepTime             't33451'", "FileUnits            't33452'"};
+    "                     15     16    ", "LabName              '33448t'", "SampleInfo           '33449t'",
+    "PrepDate             '33450t'", "PrepTime             '33451t'", "FileUnits            '33452t'"};
 // clang-format on
 
 TEST(Listing, ALineOfATagDiffers) {

@@ -165,8 +165,8 @@ TEST(WriteNew, ATagIsWrittenWithoutBeingThereOrLeftOut) {
             std::uint32_t offset = tiff.getStdDir()->WriteIFDOffset;
             std::string entries;
             for (const RawEntry& entry : RawDirectory(bytes, offset)) {
-                entries += " " + std::to_string(entry.tag) + "/" + std::to_string(entry.type) +
-                           "/" + std::to_string(entry.count);
+                entries += std::string(" ") + std::to_string(entry.tag) + "/" +
+                           std::to_string(entry.type) + "/" + std::to_string(entry.count);
             }
             EXPECT_EQ(entries, std::string(" 254/4/1") + walk.expected);
             EXPECT_EQ(tiff.WriteGetIFDNum(0), std::ranges::count(entries, ' '));
@@ -196,7 +196,7 @@ TEST(WriteNew, LongValuesAreCutOrTurnedWrongWhereABufferEnds) {
         constexpr short kPages = 300;
         for (short dir = 0; dir < kPages; ++dir) {
             SetNumber(tiff, 254, 2, dir);
-            SetText(tiff, 305, "page " + std::to_string(dir * 37), dir);
+            SetText(tiff, 305, std::string("page ") + std::to_string(dir * 37), dir);
             if (dir % 100 == 50) {
                 SetShorts(tiff, 320, shorts, dir);
                 SetLongs(tiff, 279, longs, dir);
@@ -210,7 +210,7 @@ TEST(WriteNew, LongValuesAreCutOrTurnedWrongWhereABufferEnds) {
         ASSERT_EQ(read.status, 1);
         ASSERT_EQ(read.Count(), kPages);
         for (short dir = 0; dir < kPages; ++dir) {
-            EXPECT_EQ(read.Record(dir).Software, "page " + std::to_string(dir * 37));
+            EXPECT_EQ(read.Record(dir).Software, std::string("page ") + std::to_string(dir * 37));
         }
         const TiffIFDStdDirStruct& record = read.Record(150);
         EXPECT_TRUE(std::equal(shorts.begin(), shorts.end(), record.ColorMap));

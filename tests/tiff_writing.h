@@ -140,7 +140,7 @@ inline std::vector<RawEntry> RawDirectory(std::string_view bytes, std::uint32_t&
         entry.values = values < bytes.size() ? bytes.substr(values, size) : Bytes("outside");
         for (std::size_t e = 0; order == Order::Motorola && e + element <= size; e += element) {
             const auto from = entry.values.begin() + static_cast<std::ptrdiff_t>(e);
-            std::reverse(from, from + element);
+            std::reverse(from, from + static_cast<std::ptrdiff_t>(element));
         }
         entries.push_back(entry);
     }
