@@ -244,6 +244,28 @@ TEST_F(Copy, AnEntryThatNoRecordHoldsIsLostOrTurnedWrongly) {
     }
 }
 
+TEST_F(Copy, StripsOutOfOrderOrAWideImageAreMisread) {
+    Put("in.tif", Gray({Longs(273, {58, 8}), Longs(278, {5}), Longs(279, {50, 50})}));
+    ASSERT_EQ(CopyTo("out.tif", TIFF_INTEL).outcome, Outcome::Done);
+    const Bytes turned = FileContents(Path("out.tif"));
+    const Bytes source = FileContents(Path("in.tif"));
+    EXPECT_EQ(turned.substr(8, 100), source.substr(58, 50) + source.substr(8, 50));
+    // 40,000 pixels of one bit, the width as the short form that has no sign.
+    Put("in.tif", Gray({Shorts(256, {40000}), Longs(257, {1}), Shorts(258, {1}), Longs(278, {1}),
+                        Longs(279, {5000})}) +
+                      Bytes(6000, 'x'));
+    ASSERT_EQ(CopyTo("out.tif", TIFF_INTEL).outcome, Outcome::Done);
+    EXPECT_EQ(Find(FileContents(Path("out.tif")), 256), "4, 1: 40 9C 00 00 ");
+    // Two texts in one entry, short and long.
+    for (const Bytes& texts : {Bytes("a\0b", 4), Bytes("first\0second", 13)}) {
+        Entry entry = Text(315, texts);
+        Put("in.tif", Gray({entry}));
+        ASSERT_EQ(CopyTo("out.tif", TIFF_INTEL).outcome, Outcome::Done);
+        EXPECT_EQ(Find(FileContents(Path("out.tif")), 315),
+                  Find(FileContents(Path("in.tif")), 315));
+    }
+}
+
 TEST_F(Copy, AnEditDoesNotArriveOrAForgottenTagStays) {
     Put("in.tif", Gray({Text(305, "before"), Text(306, "removed"), Bytes8(271, {1}),
                         Bytes8(700, {1, 2, 3}), Bytes8(701, {1})}));
@@ -297,7 +319,12 @@ TEST_F(Copy, ARefusalTouchesTheOutputOrLeavesAFile) {
         {"offsets as bytes", Gray({Bytes8(273, {8})})},
         {"no width", Gray({Longs(256, {0})})},
         {"2 GiB", Gray({Longs(256, {0x7FFFFFFF}), Longs(257, {0x7FFFFFFF}), Shorts(258, {1})})},
-        {"an image beyond the end", Gray({Longs(273, {800})}), Outcome::SourceFailed},
+        {"an image beyond the end", Gray({Longs(273, {800})})},
+        {"pixels by tags of other types", Gray({Longs(277, {3})})},
+        {"bits as a byte", Gray({Bytes8(258, {8})})},
+        {"compression as a long", Gray({Longs(259, {32773})})},
+        {"a flat page that unpacks to more than the file",
+         Gray({Shorts(259, {5}), Longs(256, {30000})})},
         {"no TIFF file", "no TIFF file", Outcome::SourceFailed},
         {"nothing", "", Outcome::SourceFailed}};
     Put("out.tif", "precious");

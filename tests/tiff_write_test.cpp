@@ -291,6 +291,18 @@ TEST(WriteEntry, AValueStandsInAnotherPlaceOrOrder) {
     }
 }
 
+TEST(WriteEntry, AnEntryAtTheEndOfTheFileIsOverwrittenByItsValues) {
+    const TemporaryFile file;
+    void* handle = FILE_open(file.Name(), 2, nullptr);
+    const Rational resolution = {1, 2};
+    Tiff tiff;
+    tiff.WriteIFDEntry(handle, 282, TIFF_RATIONAL, 1, reinterpret_cast<std::intptr_t>(&resolution),
+                       TIFF_INTEL);
+    FILE_close(handle);
+    EXPECT_EQ(Shown(file.Contents()), Shown(Hex("1A 01 05 00 01 00 00 00 00 00 00 00"
+                                                "01 00 00 00 02 00 00 00")));
+}
+
 TEST(WriteSteps, AStepWritesOtherBytesOrAnotherStatus) {
     OpenTiff tiff;
     SetNumber(tiff, 254, 0);

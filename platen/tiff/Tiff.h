@@ -250,6 +250,8 @@ class PLATEN_API Tiff : public CObject {
     int m_Dump = 0;
     HGLOBAL m_hDump = nullptr;   ///< the report's text
     HGLOBAL m_hSpare = nullptr;  ///< allocated and released beside it, otherwise unused
+    /// Whether the last read came to the chain's end with every value; the image may be cut.
+    bool m_ReadWhole = false;
 
   private:
     /// What the current read may still spend; everything, outside a read.

@@ -36,17 +36,36 @@ struct HoldsCount {
     }
 };
 
-/// Releases a text whose block goes on behind the first zero byte: several texts in one entry.
-void DropCutText(char*& text, std::uint32_t count) {
-    if (text == nullptr || count <= kTextInEntry) {
-        return;
-    }
-    const char* end = text + count;
-    const char* rest = std::find(static_cast<const char*>(text), end, '\0');
-    if (std::any_of(rest, end, [](char letter) { return letter != '\0'; })) {
-        platen::tiff::ReleaseBlock(text);
-    }
+/// Whether an entry's characters go on behind the first zero byte: several texts in one entry.
+bool HasMoreText(const char* characters, std::uint32_t count) {
+    const char* end = characters + count;
+    const char* rest = std::find(characters, end, '\0');
+    return std::any_of(rest, end, [](char letter) { return letter != '\0'; });
 }
+
+/// Of a value that was stored: what a copy must not take from the record.
+struct Mender {
+    const TiffIFDEntryStruct& entry;
+    platen::tiff::Record& record;
+
+    /// A text that is cut at its first zero byte goes; the entry is kept instead.
+    void operator()(const platen::tiff::TextField& field) const {
+        char*& text = record.*field.text;
+        const bool inEntry = entry.Count <= kTextInEntry;
+        const char* characters = inEntry ? reinterpret_cast<const char*>(&entry.ValueOffset) : text;
+        if (text != nullptr && HasMoreText(characters, entry.Count)) {
+            platen::tiff::ReleaseBlock(text);
+        }
+    }
+    /// The record takes a SHORT for signed; no image has a negative size.
+    void operator()(const platen::tiff::SizeField& field) const {
+        if (entry.Type == TIFF_SHORT) {
+            record.*field.value = static_cast<std::uint16_t>(entry.ValueOffset);
+        }
+    }
+    template <typename OtherField>
+    void operator()(const OtherField& /*field*/) const {}
+};
 
 }  // namespace
 
@@ -56,16 +75,18 @@ TiffCopy::~TiffCopy() = default;
 
 long TiffCopy::Read(void* file) {
     m_Kept.clear();
-    m_ReadStatus = Tiff::Read(file);
+    if (Tiff::Read(file) == -3 && m_ReadWhole) {
+        m_Status = 1;
+    }
     try {
         m_PixelBytes.resize(static_cast<std::size_t>(m_NumIFDStdDir));
         std::transform(m_StdDir, m_StdDir + m_NumIFDStdDir, m_PixelBytes.begin(),
                        platen::tiff::PixelBytes);
     } catch (const std::bad_alloc&) {
         m_Status = -4;
-        m_ReadStatus = -4;
+        m_ReadWhole = false;
     }
-    return m_ReadStatus;
+    return m_Status;
 }
 
 void TiffCopy::ForgetTAG(std::uint16_t tag, short dir) {
@@ -100,9 +121,7 @@ long TiffCopy::ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) 
     if (answer != 1) {
         return answer;
     }
-    if (const auto* text = std::get_if<platen::tiff::TextField>(&row->field)) {
-        DropCutText(m_StdDir[dir].*(text->text), asRead.Count);
-    }
+    std::visit(Mender{asRead, m_StdDir[dir]}, row->field);
     const bool given = row->written == 0 || platen::tiff::ValueToWrite(*row, m_StdDir[dir]);
     return given ? 1 : Keep(asRead, dir);
 }
@@ -114,7 +133,7 @@ long TiffCopy::ParseIFDCustomDir(void* file, TiffIFDEntryStruct& entry, short di
 
 TiffCopy::Result TiffCopy::CopyTo(const char* name, short format, Progress progress,
                                   void* context) {
-    if (m_ReadStatus != 1) {
+    if (!m_ReadWhole) {
         return {Outcome::SourceFailed, -1, "the file was not read whole"};
     }
     try {

@@ -40,7 +40,8 @@ class PLATEN_API TiffCopy : public Tiff {
     TiffCopy();
     ~TiffCopy() override;
 
-    /// As `Tiff::Read`. Always called on a TiffCopy, never through its base.
+    /// As `Tiff::Read`, but that an image beyond the end of the file is no failure yet: `CopyTo`
+    /// holds every strip against the file. Always called on a TiffCopy, never through its base.
     long Read(void* file);
     /// Forgets what was noted of a tag that the record does not hold, so that it is not copied.
     void ForgetTAG(std::uint16_t tag, short dir);
@@ -65,5 +66,4 @@ class PLATEN_API TiffCopy : public Tiff {
 
     std::vector<KeptEntry> m_Kept;           ///< in the order of their directories
     std::vector<std::int64_t> m_PixelBytes;  ///< by directory, as it was read
-    long m_ReadStatus = 0;
 };

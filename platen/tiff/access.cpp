@@ -127,6 +127,7 @@ struct Setter {
         record.*field.text = text;
     }
 
+    /// An empty field has the count 0, whatever count a rejected entry left behind.
     void operator()(const WordArrayField& field) const {
         auto* values = NewArray<std::uint16_t>();
         ReleaseBlock(record.*field.values);

@@ -30,6 +30,10 @@ constexpr std::int64_t kSmallFile = 1 << 20;
 /// Tags whose values are places in the file: what stands there would be lost.
 constexpr std::uint16_t kPointers[] = {330, 513, 34665, 34853, 40965};
 
+/// Tags without which the image cannot be understood: no record holding them, no copy.
+constexpr std::uint16_t kPixelTags[] = {
+    256, 257, 258, 259, 262, kStripOffsets, 277, kStripByteCounts, 284, 322, 323, 324, 325};
+
 constexpr bool IsOwn(std::uint16_t tag) {
     return tag == kStripOffsets || tag == kRowsPerStrip || tag == kStripByteCounts;
 }
@@ -106,8 +110,8 @@ const char* CopyJob::RefusedTag(short dir) const {
         if (SizeOfType(kept.entry.Type).value == 0) {
             return "a tag has a field type that is not known";
         }
-        if (kept.entry.Tag == kStripOffsets || kept.entry.Tag == kStripByteCounts) {
-            return "the strips are given in a field type that is not known";
+        if (std::ranges::find(kPixelTags, kept.entry.Tag) != std::end(kPixelTags)) {
+            return "a tag that decides on the pixels has a type or count that is not known";
         }
     }
     return nullptr;
@@ -288,6 +292,9 @@ const char* CopyJob::AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& di
         value.bytes.assign(bytes, bytes + size);
     } else {
         const auto offset = static_cast<std::int32_t>(SwapLONG(field, m_source.order));
+        if (offset < 0 || offset + size > m_source.fileSize) {
+            return "a tag's values lie beyond the end of the file";
+        }
         std::uint8_t* block = m_fetcher.CreateBLOCK(m_source.file, offset, static_cast<long>(size));
         if (block == nullptr) {
             return "a tag's values cannot be had";

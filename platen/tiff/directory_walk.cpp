@@ -97,7 +97,8 @@ struct ValueFinder {
         return EntryValue{row.tag, row.written, count, value};
     }
 
-    /// A count that exceeds the block, left by a rejected entry, is taken as what the block holds.
+    /// A count that exceeds the block, or is negative, left by a rejected entry, is taken as what
+    /// the block holds.
     template <typename T>
     [[nodiscard]] Result Array(std::uint16_t type, T* values, std::uint32_t count) const {
         return values == nullptr ? Result() : Numbers(type, values, HeldElements(values, count));

@@ -40,12 +40,18 @@ void EntryWriter::AddEntry(const EntryValue& value) {
     }
     std::memcpy(m_entries + m_entryBytes, &encoded.entry, sizeof(encoded.entry));
     m_entryBytes += sizeof(encoded.entry);
+    // An entry written at the end of the file moves that end: its values go behind it.
+    const std::int64_t entryEnd = m_position + static_cast<std::int64_t>(m_entryBytes);
+    if (entryEnd > valuesAt) {
+        FlushValues();
+        m_end = entryEnd;
+    }
     AddValues(encoded);
 }
 
 void EntryWriter::Finish() {
-    FlushEntries();
     FlushValues();
+    FlushEntries();
     FILE_lseek(m_file, static_cast<LONG>(m_position), 0);
 }
 

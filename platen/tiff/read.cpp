@@ -127,7 +127,9 @@ long Tiff::Read(void* file) {
     const auto size = static_cast<std::uint64_t>(m_FileSize);
     m_Allowance.entries = kEntriesPerEntrySize * size / kEntrySize + kFreeEntries;
     m_Allowance.bytes = kBytesPerByte * std::max(size, kSmallFile);
-    if (ReadHeader(file) == 1 && ReadChain(file)) {
+    const bool walked = ReadHeader(file) == 1 && ReadChain(file);
+    m_ReadWhole = walked && m_Status == 1;
+    if (walked) {
         CheckImageFits();
     }
     m_Allowance = {};
