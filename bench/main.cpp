@@ -125,8 +125,8 @@ int Run(int argc, char** argv) {
 }  // namespace
 }  // namespace platen::bench
 
-/// `platen_bench [GOOGLE BENCHMARK'S FLAGS]` compares readers and writers, `platen_bench --processes PROGRAM`
-/// whole processes of the command line program.
+/// `platen_bench [GOOGLE BENCHMARK'S FLAGS]` compares readers and writers, `platen_bench
+/// --processes PROGRAM` whole processes of the command line program.
 int main(int argc, char** argv) {
     try {
         return platen::bench::Run(argc, argv);
