@@ -288,6 +288,9 @@ class PLATEN_API Tiff : public CObject {
                               short dir);
     [[nodiscard]] short OldFormBehind(short dir) const;
 
+    template <typename T>
+    T* NewValues(std::uint32_t count);
+
     void DumpAppend(std::string_view line);
     template <typename Write>
     void DumpWrite(Write write);

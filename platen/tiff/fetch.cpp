@@ -32,6 +32,18 @@ std::uint8_t* Tiff::FetchBlock(void* file, const TiffIFDEntryStruct& entry,
     return block;
 }
 
+/// A block for the few values that an entry carries itself, which costs its overhead; null and
+/// status -4 when it cannot be had.
+template <typename T>
+T* Tiff::NewValues(std::uint32_t count) {
+    constexpr std::uint64_t kSmallBlock = 32;
+    T* values = SpendBytes(kSmallBlock) ? NewBlock<T>(count) : nullptr;
+    if (values == nullptr) {
+        m_Status = -4;
+    }
+    return values;
+}
+
 short Tiff::GetWORD(void* /*file*/, const TiffIFDEntryStruct& entry) {
     return static_cast<short>(entry.ValueOffset);
 }
@@ -42,9 +54,8 @@ long Tiff::GetLONG(void* /*file*/, const TiffIFDEntryStruct& entry) {
 
 std::uint16_t* Tiff::GetWORDArray(void* file, const TiffIFDEntryStruct& entry) {
     if (entry.Count == 1 || entry.Count == 2) {
-        auto* values = NewBlock<std::uint16_t>(entry.Count);
+        auto* values = NewValues<std::uint16_t>(entry.Count);
         if (values == nullptr) {
-            m_Status = -4;
             return nullptr;
         }
         std::uint16_t words[2];
@@ -62,12 +73,10 @@ std::uint16_t* Tiff::GetWORDArray(void* file, const TiffIFDEntryStruct& entry) {
 
 std::uint32_t* Tiff::GetLONGArray(void* file, const TiffIFDEntryStruct& entry) {
     if (entry.Count == 1) {
-        auto* value = NewBlock<std::uint32_t>(1);
-        if (value == nullptr) {
-            m_Status = -4;
-            return nullptr;
+        auto* value = NewValues<std::uint32_t>(1);
+        if (value != nullptr) {
+            *value = entry.ValueOffset;
         }
-        *value = entry.ValueOffset;
         return value;
     }
     auto* values = reinterpret_cast<std::uint32_t*>(FetchBlock(file, entry, sizeof(std::uint32_t)));
@@ -114,9 +123,8 @@ char* Tiff::GetASCII(void* file, const TiffIFDEntryStruct& entry) {
         }
         return characters;
     }
-    auto* text = NewBlock<char>(entry.Count);
+    auto* text = NewValues<char>(entry.Count);
     if (text == nullptr) {
-        m_Status = -4;
         return nullptr;
     }
     // The rest of the block is zero, the last byte of it always.

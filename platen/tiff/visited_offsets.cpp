@@ -5,20 +5,20 @@
 namespace platen::tiff {
 namespace {
 
-/// The slot that holds `offset`, or the free one where it belongs. The capacity is a power of two.
-/// The step differs from offset to offset, so that no choice of offsets makes long runs.
-std::uint32_t* SlotOf(std::uint32_t* slots, std::size_t capacity, std::uint32_t offset) {
-    constexpr std::uint32_t kScatter = 2654435769U;  // 2^32 over the golden ratio
-    const std::uint32_t hash = offset * kScatter;
-    const std::size_t step = hash >> 24U | 1U;
-    std::size_t at = hash >> 8U & (capacity - 1);
-    while (slots[at] != 0 && slots[at] != offset) {
-        at = (at + step) & (capacity - 1);
-    }
-    return &slots[at];
+/// Mixes every bit of the offset with every bit of the seed, so that no choice of offsets, made
+/// without knowing the seed, makes long runs.
+std::uint32_t Mix(std::uint32_t offset, std::uint32_t seed) {
+    std::uint32_t hash = offset ^ seed;
+    hash = (hash ^ hash >> 16U) * 0x85EBCA6BU;
+    hash = (hash ^ hash >> 13U) * 0xC2B2AE35U;
+    return hash ^ hash >> 16U;
 }
 
 }  // namespace
+
+/// Where the object lies differs from run to run.
+VisitedOffsets::VisitedOffsets()
+    : m_seed(static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(this) >> 4U)) {}
 
 VisitedOffsets::~VisitedOffsets() {
     if (m_slots != m_inPlace) {
@@ -37,6 +37,16 @@ bool VisitedOffsets::Add(std::uint32_t offset) {
 
 bool VisitedOffsets::Contains(std::uint32_t offset) const {
     return *SlotOf(m_slots, m_capacity, offset) == offset;
+}
+
+/// The slot that holds `offset`, or the free one where it belongs. The capacity is a power of two.
+std::uint32_t* VisitedOffsets::SlotOf(std::uint32_t* slots, std::size_t capacity,
+                                      std::uint32_t offset) const {
+    std::size_t at = Mix(offset, m_seed) & (capacity - 1);
+    while (slots[at] != 0 && slots[at] != offset) {
+        at = (at + 1) & (capacity - 1);
+    }
+    return &slots[at];
 }
 
 bool VisitedOffsets::Grow() {

@@ -9,7 +9,7 @@ namespace platen::tiff {
 /// Offset 0, which ends a chain, is never added.
 class VisitedOffsets {
   public:
-    VisitedOffsets() = default;
+    VisitedOffsets();
     ~VisitedOffsets();
     VisitedOffsets(const VisitedOffsets&) = delete;
     VisitedOffsets& operator=(const VisitedOffsets&) = delete;
@@ -22,12 +22,14 @@ class VisitedOffsets {
     static constexpr std::size_t kInPlace = 16;
 
     bool Grow();
+    std::uint32_t* SlotOf(std::uint32_t* slots, std::size_t capacity, std::uint32_t offset) const;
 
     /// A hash table with open addressing, at most half full; short chains need no memory.
     std::uint32_t m_inPlace[kInPlace] = {};
     std::uint32_t* m_slots = m_inPlace;
     std::size_t m_capacity = kInPlace;
     std::size_t m_count = 0;
+    std::uint32_t m_seed;
 };
 
 }  // namespace platen::tiff

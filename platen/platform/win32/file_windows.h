@@ -24,7 +24,7 @@ class FileWindows {
     /// or -1 when the first byte could not be read.
     ssize_t Read(int descriptor, off_t position, void* buffer, std::size_t count) {
         const Window& last = m_windows[m_last];
-        if (count > last.HeldFrom(position)) {
+        if (count == 0 || count > last.HeldFrom(position)) {
             return ReadOn(descriptor, position, buffer, count);
         }
         std::memcpy(buffer, last.bytes + (position - last.start), count);
