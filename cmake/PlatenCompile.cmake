@@ -19,3 +19,11 @@ if(PLATEN_SANITIZE)
         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${PLATEN_SANITIZE})
 endif()
+
+# platen_across_files(TARGET...): with PLATEN_LTO, optimises across the files of the targets and what
+# they link. Libraries also keep plain code, for callers that link them with another compiler.
+function(platen_across_files)
+    if(PLATEN_LTO)
+        set_target_properties(${ARGN} PROPERTIES INTERPROCEDURAL_OPTIMIZATION ON)
+    endif()
+endfunction()
