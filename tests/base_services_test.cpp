@@ -16,9 +16,8 @@
 
 namespace {
 
-using platen::test::TemporaryFile;
+using namespace platen::test;
 
-constexpr DWORD kMovable = 0x02;
 constexpr DWORD kZeroed = 0x42;
 
 TEST(Memory, NoBlockIsTakenForABlock) {
@@ -28,19 +27,6 @@ TEST(Memory, NoBlockIsTakenForABlock) {
     EXPECT_EQ(MEM_UnlockHandle(nullptr), nullptr);
     EXPECT_EQ(MEM_LogSizeHandle(nullptr), 0U);
     EXPECT_EQ(MEM_FreePtr(nullptr), nullptr);
-}
-
-TEST(Memory, AResizedHandleLosesItsContentsOrItsSize) {
-    HGLOBAL handle = MEM_NewHandle(3, kMovable);
-    std::memcpy(MEM_LockHandle(handle), "abc", 3);
-    EXPECT_EQ(MEM_UnlockHandle(handle), nullptr);
-    for (const DWORD size : {5U, 4U, 100000U, 3U}) {
-        handle = MEM_ReNewHandle(handle, size, kZeroed);
-        ASSERT_NE(handle, nullptr);
-        EXPECT_EQ(MEM_LogSizeHandle(handle), size);
-        EXPECT_EQ(std::memcmp(MEM_LockHandle(handle), "abc", 3), 0);
-    }
-    EXPECT_EQ(MEM_FreeHandle(handle), nullptr);
 }
 
 TEST(Memory, AGrownBlockShowsOldBytesInTheAddedPart) {
@@ -75,15 +61,6 @@ TEST(FileHandles, TheOpenAttributeDiffersFromTheMode) {
     EXPECT_EQ(attribute, -1);
     EXPECT_EQ(FILE_open("/nonexistent/file", 2, nullptr), FILE_none());
     EXPECT_EQ(FILE_creat("/nonexistent/file", 0), FILE_none());
-}
-
-TEST(FileHandles, NoFileIsTakenForAFile) {
-    char byte = 0;
-    EXPECT_EQ(FILE_close(FILE_none()), FILE_none());
-    EXPECT_EQ(FILE_read(FILE_none(), &byte, 1), -1);
-    EXPECT_EQ(FILE_write(FILE_none(), &byte, 1), -1);
-    EXPECT_EQ(FILE_read(FILE_none(), &byte, 0), 0);
-    EXPECT_EQ(FILE_lseek(FILE_none(), 0, 0), -1);
 }
 
 TEST(FileHandles, ATransferAnswersAnotherCountThanItMoved) {
@@ -168,10 +145,6 @@ TEST(Buffer, CopiesReleaseTheirBlockTwiceOrNever) {
     copy = CBuffer(3, nullptr);
     EXPECT_EQ(static_cast<char*>(MEM_LockHandle(assigned.m_hMem))[0], 'a');
     EXPECT_EQ(CBuffer(0).GetSize(), 0U);
-}
-
-TEST(Buffer, OneCanBeBuiltWithNew) {
-    EXPECT_EQ(new CBuffer(5), nullptr);
 }
 
 }  // namespace

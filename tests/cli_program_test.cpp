@@ -46,21 +46,6 @@ std::string ReadingFailed(const TemporaryFile& file) {
     return "platen: " + file.Path() + ": read failure or inconsistent file (status -3)\n";
 }
 
-TEST(CliDump, LosesNoByteOfTheReportAndKeepsCarriageReturns) {
-    const TemporaryFile file(Build(
-        {.order = Order::Motorola, .directories = {{{Shorts(256, {7}), Text(305, "a\nb")}}}}));
-    const Outcome outcome = Platen({"dump", file.Path()});
-    EXPECT_EQ(outcome.exitStatus, 0);
-    EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(outcome.out,
-              "TIFFDUMP: " + file.Path() +
-                  "\r\nMOTOROLA file format\r\nVersion 2a\r\nIFD at offset 8 (0x8)\r\n"
-                  "Directory #1, Number of IFD entries=2\r\n"
-                  "ImageWidth*                256(0x  100) N=1        short    Data: 7\r\n"
-                  "Software                   305(0x  131) N=4        ascii    Data: 'a\nb'\r\n"
-                  "TIFF Class Unknown - Custom\r\nIFD at offset 0 (0x0)\r\n");
-}
-
 TEST(CliDump, DropsWhatWasGatheredBeforeAFailure) {
     const TemporaryFile file(TwoImages(Order::Intel));
     const std::string whole = Platen({"dump", file.Path()}).out;
@@ -120,17 +105,6 @@ TEST(CliInfo, JsonChangesItsKeysOrTheirOrder) {
             "\n");
 }
 
-TEST(CliInfo, CountsADirectoryThatWasNotReadWhole) {
-    const TemporaryFile file(TwoImages(Order::Intel));
-    file.Resize(kInSecondDirectory);
-    const Outcome outcome = Platen({"info", "--json", file.Path()});
-    EXPECT_EQ(outcome.exitStatus, 1);
-    EXPECT_EQ(outcome.err, ReadingFailed(file));
-    EXPECT_THAT(outcome.out, HasSubstr(R"("status":-3,"format":"INTEL","size":280,"directories":[)"
-                                       R"({"index":0,"entries":7,"class":"G"}],)"
-                                       R"("roles":{"full":0,"reduced":-1,)"));
-}
-
 TEST(CliInfo, JsonFailsOnANameThatIsNotUtf8) {
     const Outcome outcome = Platen({"info", "--json", "/no/\"such\" \xE9\n"});
     EXPECT_EQ(outcome.exitStatus, 1);
@@ -138,12 +112,6 @@ TEST(CliInfo, JsonFailsOnANameThatIsNotUtf8) {
                            "\xEF\xBF\xBD"
                            R"(\n","status":0,"format":null,"size":0,"directories":[],)" +
                                kNoRoles);
-}
-
-TEST(CliInfo, ShowsTheEnginesLimitAsTheSizeOfALargeFile) {
-    const TemporaryFile file(TwoImages(Order::Intel));
-    file.Resize(3000000000U);
-    EXPECT_THAT(Platen({"info", file.Path()}).out, HasSubstr(" 3000000000 bytes, 2 directories"));
 }
 
 TEST(CliErrors, LineDoesNotSayWhatHappened) {
@@ -224,13 +192,10 @@ TEST(CliProgress, ShowsOffATerminalOrStaysBehind) {
 }
 
 TEST(CliUsage, WrongUseLooksLikeAFailedFileOrHelpLikeWrongUse) {
-    const std::vector<std::string> wrong[] = {{},
-                                              {"info"},
-                                              {"no-such"},
-                                              {"dump", "--no-such", "x"},
-                                              {"info", "--jobs=0", "x"},
-                                              {"dump", "--jobs=many", "x"},
-                                              {"dump", "--json", "x"}};
+    // clang-format off
+    const std::vector<std::string> wrong[] = {{}, {"info"}, {"no-such"}, {"dump", "--no-such", "x"},
+        {"info", "--jobs=0", "x"}, {"dump", "--jobs=many", "x"}, {"dump", "--json", "x"}};
+    // clang-format on
     for (const auto& arguments : wrong) {
         const Outcome outcome = Platen(arguments);
         EXPECT_EQ(outcome.exitStatus, 2) << testing::PrintToString(arguments);
@@ -239,13 +204,10 @@ TEST(CliUsage, WrongUseLooksLikeAFailedFileOrHelpLikeWrongUse) {
     }
     EXPECT_THAT(Platen({"no-such"}).err, HasSubstr("no-such"));
     for (const char* command : {"dump", "info"}) {
-        const Outcome help = Platen({command, "--help"});
-        EXPECT_EQ(help.exitStatus, 0);
-        EXPECT_THAT(help.out, HasSubstr(std::string("Example:\n  platen ") + command));
+        EXPECT_THAT(Platen({command, "--help"}).out,
+                    HasSubstr(std::string("Example:\n  platen ") + command));
     }
-    const Outcome version = Platen({"--version"});
-    EXPECT_EQ(version.exitStatus, 0);
-    EXPECT_THAT(version.out, testing::MatchesRegex("platen [0-9]+.[0-9]+.[0-9]+\n"));
+    EXPECT_THAT(Platen({"--version"}).out, testing::MatchesRegex("platen [0-9]+.[0-9]+.[0-9]+\n"));
 }
 
 }  // namespace

@@ -15,7 +15,7 @@
 
 namespace {
 
-using platen::test::TemporaryFile;
+using namespace platen::test;
 
 constexpr UINT kFailed = static_cast<UINT>(HFILE_ERROR);
 constexpr LONG kLastPosition = std::numeric_limits<LONG>::max();
@@ -137,18 +137,6 @@ TEST(Files, ASeekFromTheEndKeepsWhatOthersHaveReplaced) {
     EXPECT_EQ(ReadFrom(opened.handle, 20000), std::string(5000, 'c'));
 }
 
-TEST(Files, AFileCutShortOrGrownByOthersBreaksReading) {
-    const TemporaryFile file(std::string(300000, 'a'));
-    const OpenedFile opened(file, OF_READ);
-    ASSERT_EQ(ReadFrom(opened.handle, 12), "aaaaaaaaaaaa");
-    file.Resize(100);
-    ASSERT_EQ(_llseek(opened.handle, 200000, 0), 200000);
-    EXPECT_EQ(ReadFrom(opened.handle, 12), "");
-    EXPECT_EQ(ReadFrom(opened.handle, 100000), "");
-    file.Resize(200004);
-    EXPECT_EQ(ReadFrom(opened.handle, 12), std::string(4, '\0'));
-}
-
 TEST(Files, ABadHandleOrNameIsTakenForAFile) {
     const TemporaryFile file("abc");
     const HFILE closed = _lopen(file.Name(), OF_READ);
@@ -189,12 +177,6 @@ TEST(Files, AccessDiffersFromTheModeOrAnOpenTruncates) {
     EXPECT_EQ(_lwrite(created, "xy", 2), 2U);
     EXPECT_EQ(CloseHandle(AsHandle(created)), TRUE);
     EXPECT_EQ(file.Contents(), "xy");
-}
-
-TEST(Files, AFolderReadsAsAFile) {
-    const HFILE folder = _lopen("/", OF_READ);
-    EXPECT_EQ(ReadFrom(folder, 4), "(failed)");
-    CloseHandle(AsHandle(folder));
 }
 
 TEST(Files, PositionsWrapAtTwoGibibytes) {

@@ -1,23 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <limits>
-#include <string>
-#include <vector>
-
-#include <platen/tiff/Tiff.h>
 
 #include "tests/support/read_tiff.h"
-#include "tests/support/tiff_builder.h"
 
 namespace {
 
-using platen::test::Build;
-using platen::test::Directory;
-using platen::test::Entry;
-using platen::test::Longs;
-using platen::test::ReadTiff;
-using platen::test::Shorts;
-using platen::test::Word;
+using namespace platen::test;
 
 /// The letters of the classes that a directory belongs to: T a basic image, X the XK flavour, x its
 /// old form.
@@ -44,69 +31,49 @@ std::vector<short> Roles(const Tiff& tiff) {
             tiff.GetXKoldIFDDir()};
 }
 
-Entry Bits(std::vector<std::uint32_t> bits) {
-    return Shorts(258, std::move(bits));
-}
-
-Entry Compression(std::uint32_t code) {
-    return Shorts(259, {code});
-}
-
-Entry Photometric(std::uint32_t code) {
-    return Shorts(262, {code});
+/// BitsPerSample, Compression and PhotometricInterpretation, and others.
+std::vector<Entry> Image(std::vector<std::uint32_t> bits, std::uint32_t compression,
+                         std::uint32_t photometric, const std::vector<Entry>& more = {}) {
+    std::vector<Entry> entries = {Shorts(258, std::move(bits)), Shorts(259, {compression}),
+                                  Shorts(262, {photometric})};
+    entries.insert(entries.end(), more.begin(), more.end());
+    return entries;
 }
 
 const Entry kMap = Shorts(320, {1, 2, 3});
 const Entry kThree = Shorts(277, {3});
 const Entry kPlanar = Shorts(284, {2});
+const Entry kBits = Shorts(258, {8});
+const Entry kLength = Shorts(257, {1});
+const Entry kStrip = Shorts(273, {8});
 
 TEST(Classes, ADirectoryIsPutIntoAnotherClass) {
     const struct {
         std::vector<Entry> entries;
         const char* classes;
+        // clang-format off
     } cases[] = {
-        {{}, ""},
-        {{Bits({1}), Compression(1), Photometric(0)}, "B"},
-        {{Bits({1}), Compression(2), Photometric(1)}, "B"},
-        {{Bits({1}), Compression(32773), Photometric(1)}, "B"},
-        {{Bits({1}), Compression(5), Photometric(1)}, ""},
-        {{Bits({1}), Photometric(1)}, ""},
-        {{Bits({1}), Compression(1), Photometric(2)}, ""},
-        {{Bits({1, 1}), Compression(1), Photometric(1)}, ""},
-        {{Bits({1}), Compression(1), Photometric(1), Shorts(277, {2})}, ""},
-        {{Bits({4}), Compression(1), Photometric(0)}, "G"},
-        {{Bits({8}), Compression(5), Photometric(1)}, "G"},
-        {{Bits({8}), Compression(2), Photometric(1)}, ""},
-        {{Bits({16}), Compression(1), Photometric(1)}, ""},
-        {{Bits({8}), Compression(1), Photometric(3), kMap}, "P"},
-        {{Bits({1}), Compression(5), Photometric(3), kMap}, "P"},
-        {{Bits({8}), Compression(1), Photometric(3)}, ""},
-        {{Bits({0}), Compression(1), Photometric(3), kMap}, ""},
-        {{Bits({9}), Compression(1), Photometric(3), kMap}, ""},
-        {{Bits({0x8001}), Compression(1), Photometric(3), kMap}, ""},
-        {{Bits({8, 8, 8}), Compression(1), Photometric(2), kThree, kPlanar}, "R"},
-        {{Bits({8, 8, 8}), Compression(5), Photometric(2), kThree, Shorts(284, {1})}, "R"},
-        {{Bits({8, 8, 8}), Compression(1), Photometric(2), kThree}, ""},
-        {{Bits({8, 8, 8}), Compression(1), Photometric(2), kThree, Shorts(284, {3})}, ""},
-        {{Bits({8, 8, 4}), Compression(1), Photometric(2), kThree, kPlanar}, ""},
-        {{Bits({8}), Compression(1), Photometric(2), kThree, kPlanar}, ""},
-        {{Bits({8, 8, 8}), Compression(1), Photometric(2), kPlanar}, ""},
-        {{Bits({8, 8, 8}), Compression(4), Photometric(2), kThree, kPlanar}, ""},
-        {{Longs(33445, {0})}, "Xx"},
-        {{Longs(33445, {7}), Longs(254, {0})}, "X"},
-        {{Longs(33445, {7}), Shorts(255, {1})}, "X"},
+        {{}, ""}, {Image({1}, 1, 0), "B"}, {Image({1}, 32773, 1), "B"}, {Image({1}, 5, 1), ""},
+        {{Shorts(258, {1}), Shorts(262, {1})}, ""}, {Image({1}, 1, 2), ""},
+        {Image({1, 1}, 1, 1), ""}, {Image({1}, 1, 1, {Shorts(277, {2})}), ""},
+        {Image({4}, 1, 0), "G"}, {Image({8}, 5, 1), "G"}, {Image({8}, 2, 1), ""},
+        {Image({16}, 1, 1), ""}, {Image({1}, 5, 3, {kMap}), "P"}, {Image({8}, 1, 3), ""},
+        {Image({0}, 1, 3, {kMap}), ""}, {Image({9}, 1, 3, {kMap}), ""},
+        {Image({8, 8, 8}, 1, 2, {kThree, kPlanar}), "R"},
+        {Image({8, 8, 8}, 5, 2, {kThree, Shorts(284, {1})}), "R"},
+        {Image({8, 8, 8}, 1, 2, {kThree}), ""}, {Image({8, 8, 4}, 1, 2, {kThree, kPlanar}), ""},
+        {Image({8}, 1, 2, {kThree, kPlanar}), ""}, {Image({8, 8, 8}, 1, 2, {kPlanar}), ""},
+        {Image({8, 8, 8}, 4, 2, {kThree, kPlanar}), ""}, {{Longs(33445, {0})}, "Xx"},
+        {{Longs(33445, {7}), Longs(254, {0})}, "X"}, {{Longs(33445, {7}), Shorts(255, {1})}, "X"},
         {{Longs(33445, {0xFFFFFFFF})}, ""},
-        {{Bits({8}), Shorts(256, {1}), Shorts(257, {1}), Shorts(273, {8})}, "T"},
-        {{Bits({8}), Longs(256, {1}), Longs(257, {1}), Longs(273, {8})}, "T"},
-        {{Bits({8}), Shorts(256, {0}), Shorts(257, {1}), Shorts(273, {8})}, ""},
-        {{Bits({8}), Shorts(256, {40000}), Shorts(257, {1}), Shorts(273, {8})}, ""},
-        {{Bits({8}), Shorts(256, {1}), Shorts(273, {8})}, ""},
-        {{Shorts(256, {1}), Shorts(257, {1}), Shorts(273, {8})}, ""},
-        {{Bits({8}), Shorts(256, {1}), Shorts(257, {1})}, ""},
-        {{Bits({8}), Shorts(256, {1}), Shorts(257, {1}), Word(273, 5, 1, 8)}, ""},
-        {{Bits({8}), Shorts(256, {1}), Shorts(257, {1}), Shorts(273, {8}), Word(273, 4, 0, 0)}, ""},
-        {{Bits({1}), Compression(1), Photometric(1), Longs(33445, {1})}, "BXx"},
-    };
+        {{kBits, Shorts(256, {1}), kLength, Longs(273, {8})}, "T"},
+        {{kBits, Shorts(256, {0}), kLength, kStrip}, ""},
+        {{kBits, Shorts(256, {40000}), kLength, kStrip}, ""},
+        {{kBits, Shorts(256, {1}), kStrip}, ""}, {{Shorts(256, {1}), kLength, kStrip}, ""},
+        {{kBits, Shorts(256, {1}), kLength}, ""},
+        {{kBits, Shorts(256, {1}), kLength, kStrip, Word(273, 4, 0, 0)}, ""},
+        {Image({1}, 1, 1, {Longs(33445, {1})}), "BXx"}};
+    // clang-format on
     for (const auto& test : cases) {
         const ReadTiff<> read(Build({.directories = {{test.entries}}}));
         EXPECT_EQ(Classes(read.tiff), test.classes) << "case " << &test - cases;

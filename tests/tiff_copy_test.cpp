@@ -1,12 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <string>
-#include <vector>
 
-#include <platen/base/files.h>
 #include <platen/tiff/TiffCopy.h>
 
 #include "tests/support/run_program.h"

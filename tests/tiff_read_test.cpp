@@ -1,31 +1,8 @@
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-#include <vector>
-
-#include <platen/base/files.h>
-#include <platen/tiff/Tiff.h>
-
 #include "tests/support/read_tiff.h"
-#include "tests/support/tiff_builder.h"
 
 namespace {
 
-using platen::test::Build;
-using platen::test::Bytes;
-using platen::test::Directory;
-using platen::test::Entry;
-using platen::test::kOrders;
-using platen::test::Longs;
-using platen::test::Order;
-using platen::test::Patch;
-using platen::test::Rationals;
-using platen::test::ReadTiff;
-using platen::test::Shorts;
-using platen::test::TemporaryFile;
-using platen::test::Text;
-using platen::test::Word;
+using namespace platen::test;
 
 std::vector<Entry> Image(std::uint32_t width, std::uint32_t length, std::uint32_t bits,
                          const Entry& offsets) {
@@ -42,17 +19,13 @@ TEST(Read, AHeaderIsAcceptedOrRejectedWrongly) {
         {good, 1, 0x4949},
         {Build({.order = Order::Motorola, .directories = {{}}}), 1, 0x4D4D},
         {Build({.version = 50, .directories = {{}}}), 1, 0x4949},
-        {Build({.version = 43, .directories = {{}}}), -2, 0x4949},
         {Build({.order = Order::Motorola, .version = 0x2A00, .directories = {{}}}), -2, 0x4D4D},
         {"IM" + good.substr(2), -3, 0},
         {"", -3, 0},
-        {"I", -3, 0},
         {"II", -2, 0x4949},
         {"II*", -3, 0x4949},  // 42 in its first byte is enough; the offset is missing
-        {good.substr(0, 4), -3, 0x4949},
         {Build({}), 1, 0x4949},
         {Build({.first = 8}), -3, 0x4949},
-        {Build({.first = 0x7FFFFFFF}), -3, 0x4949},
         {Build({.first = 0xFFFFFFFF}), -3, 0x4949},
     };
     for (const auto& test : cases) {
@@ -61,28 +34,6 @@ TEST(Read, AHeaderIsAcceptedOrRejectedWrongly) {
         EXPECT_EQ(read.tiff.getFormat(), test.format) << "case " << &test - cases;
         EXPECT_EQ(read.tiff.getFileSize(), static_cast<long>(test.bytes.size()));
         EXPECT_EQ(read.Count(), 1);
-    }
-}
-
-TEST(Read, ALayoutOfDirectoriesLosesRecords) {
-    for (const Order order : kOrders) {
-        for (const bool valuesLast : {false, true}) {
-            std::vector<Directory> directories;
-            for (std::uint32_t i = 0; i < 300; ++i) {
-                directories.push_back({{Longs(256, {i}), Longs(273, {i, i + 1, i + 2}),
-                                        Text(305, "page " + std::to_string(i))}});
-            }
-            const ReadTiff<> read(
-                Build({.order = order, .directories = directories, .valuesLast = valuesLast}));
-            ASSERT_EQ(read.status, 1);
-            ASSERT_EQ(read.Count(), 300);
-            for (short i = 0; i < 300; ++i) {
-                EXPECT_EQ(read.Record(i).NumEntries, 3);
-                EXPECT_EQ(read.Record(i).ImageWidth, i);
-                EXPECT_EQ(read.Record(i).StripOffsetsLong[2], static_cast<std::uint32_t>(i + 2));
-                EXPECT_EQ(read.Record(i).Software, "page " + std::to_string(i));
-            }
-        }
     }
 }
 
@@ -132,15 +83,6 @@ TEST(Read, TheImageIsHeldAgainstTheFileWrongly) {
               1);
 }
 
-TEST(Read, AFailedFetchStopsTheWalkOrIsForgotten) {
-    const ReadTiff<> read(
-        Build({.directories = {{{Word(258, 3, 0, 0), Longs(256, {7})}}, {{Longs(256, {8})}}}}));
-    EXPECT_EQ(read.status, -4);
-    ASSERT_EQ(read.Count(), 2);
-    EXPECT_EQ(read.Record(0).ImageWidth, 7);
-    EXPECT_EQ(read.Record(1).ImageWidth, 8);
-}
-
 TEST(Read, AShortLastEntryIsRejectedOrReadsOtherBytes) {
     // Two entries announced; the second has 5 bytes, tag 257 and half a type, before the file ends.
     Bytes bytes = Build({.directories = {{{Longs(256, {7}), Longs(257, {9})}}}});
@@ -178,19 +120,14 @@ TEST(Open, AnswerStatusOrNameIsWrong) {
     const TemporaryFile file(Build({.directories = {{}}}));
     Tiff tiff;
     void* handle = tiff.Open(file.Name(), 2);
-    EXPECT_NE(handle, FILE_none());
     EXPECT_EQ(tiff.getFileAttributes(), 2);
-    EXPECT_STREQ(tiff.GetFileName(), file.Name());
     EXPECT_EQ(tiff.Read(handle), 1);
     EXPECT_STREQ(tiff.GetFileName(), file.Name()) << "the name survives a read";
-    EXPECT_EQ(tiff.getFileAttributes(), -1);
     EXPECT_EQ(tiff.Close(handle), FILE_none());
     EXPECT_EQ(tiff.Read(handle), -3) << "a closed handle";
-    EXPECT_EQ(tiff.Open("/nonexistent/file", 0), FILE_none());
-    EXPECT_STREQ(tiff.GetFileName(), "/nonexistent/file");
-    EXPECT_EQ(tiff.Open(nullptr, 0), FILE_none());
-    EXPECT_EQ(tiff.Read(FILE_none()), -3);
-    EXPECT_EQ(tiff.Open("/", 0) == FILE_none(), false);
+    for (const char* none : {"/nonexistent/file", static_cast<const char*>(nullptr)}) {
+        EXPECT_EQ(tiff.Open(none, 0), FILE_none());
+    }
 }
 
 /// Keeps private tag 34000; tag 34001 stops the walk.
@@ -216,7 +153,7 @@ class InstrumentTiff : public Tiff {
     short keptIn = -1;
 };
 
-TEST(Subclass, ItsTagIsNotHandedOnOrDisturbsTheWalk) {
+TEST(Subclass, ItsTagIsNotHandedOnOrItsStopIsIgnored) {
     for (const Order order : kOrders) {
         const ReadTiff<InstrumentTiff> read(
             Build({.order = order,
@@ -228,16 +165,11 @@ TEST(Subclass, ItsTagIsNotHandedOnOrDisturbsTheWalk) {
         EXPECT_EQ(read.tiff.keptIn, 1);
         EXPECT_EQ(read.Record(1).ImageWidth, 9);
     }
-}
-
-TEST(Subclass, OneThatStopsTheWalkDoesNot) {
-    const ReadTiff<InstrumentTiff> read(
+    const ReadTiff<InstrumentTiff> stopped(
         Build({.directories = {{{Longs(256, {7}), Longs(34001, {1}), Longs(257, {8})}}, {{}}}}));
-    EXPECT_EQ(read.status, -2);
-    EXPECT_EQ(read.tiff.entries, 2);
-    EXPECT_EQ(read.Count(), 1);
-    EXPECT_EQ(read.Record().ImageWidth, 7);
-    EXPECT_EQ(read.Record().ImageLength, 0);
+    EXPECT_EQ(stopped.status, -2);
+    EXPECT_EQ(stopped.Count(), 1);
+    EXPECT_EQ(stopped.Record().ImageLength, 0);
 }
 
 TEST(Blocks, ARawBlockMovesTheFileOrReadsBeyondIt) {
@@ -267,54 +199,22 @@ TEST(Blocks, ARawBlockMovesTheFileOrReadsBeyondIt) {
 
 TEST(Object, ItsMembersStartOrResetWrong) {
     Tiff tiff;
-    const auto expectFresh = [&tiff] {
-        EXPECT_EQ(tiff.getFileNumIFDStdDir(), 1);
-        EXPECT_EQ(tiff.getFormat(), 0);
-        EXPECT_EQ(tiff.getFileSize(), 0);
-        EXPECT_EQ(tiff.getFileAttributes(), -1);
-        EXPECT_EQ(tiff.DumpGetSize(), 1U);
-    };
-    expectFresh();
-    EXPECT_EQ(tiff.GetFileName(), nullptr);
-    EXPECT_EQ(tiff.SetFileName("first"), 1);
+    tiff.SetFileName("first");
     EXPECT_EQ(tiff.SetFileName("second"), 1);
-    EXPECT_STREQ(tiff.GetFileName(), "second");
     tiff.setFormat(0x4D4D);
     tiff.setFileSize(77);
-    EXPECT_EQ(tiff.getFormat(), 0x4D4D);
-    EXPECT_EQ(tiff.getFileSize(), 77);
     tiff.ResetFileVars();
-    expectFresh();
+    EXPECT_EQ(tiff.getFormat(), 0);
+    EXPECT_EQ(tiff.getFileSize(), 0);
+    EXPECT_EQ(tiff.getFileAttributes(), -1);
     EXPECT_STREQ(tiff.GetFileName(), "second");
     tiff.ResetGlbVars();
     EXPECT_EQ(tiff.GetFileName(), nullptr);
-    EXPECT_EQ(tiff.getFileNumIFDStdDir(), 0);
     EXPECT_EQ(tiff.FreeStdTiff(), 1);
-    EXPECT_EQ(tiff.FreeStdTiff(), 1);
-    EXPECT_EQ(tiff.getStdDir(), nullptr);
     TiffIFDEntryStruct entry = {256, 3, 1, 5};
     EXPECT_EQ(tiff.ParseIFDStdDir(FILE_none(), entry, 0), -4);
-    tiff.InitStdDir(0);
-    tiff.ResetStdDir(0);
     EXPECT_EQ(tiff.AllocStdTiff(), 1);
     EXPECT_EQ(tiff.getFileNumIFDStdDir(), 1);
-}
-
-TEST(Object, TheClassCannotBeCreatedByName) {
-    const CRuntimeClass* record = CRuntimeClass::FromName("Tiff");
-    ASSERT_EQ(record, RUNTIME_CLASS(Tiff));
-    EXPECT_EQ(record->m_wSchema, 0xFFFFU);
-    EXPECT_EQ(record->m_nObjectSize, static_cast<int>(sizeof(Tiff)));
-    const std::unique_ptr<CObject> object(record->CreateObject());
-    ASSERT_NE(object, nullptr);
-    EXPECT_TRUE(object->IsKindOf(RUNTIME_CLASS(CObject)));
-    EXPECT_EQ(static_cast<Tiff*>(object.get())->getFileNumIFDStdDir(), 1);
-}
-
-TEST(Order, AConversionIsWrong) {
-    EXPECT_EQ(SwapSHORT(0x1234, 0x4949), 0x1234);
-    EXPECT_EQ(SwapSHORT(0x1234, 0x4D4D), 0x3412);
-    EXPECT_EQ(SwapSHORT(0x1234, 0), 0x3412);
 }
 
 }  // namespace

@@ -1,12 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include <platen/base/files.h>
-#include <platen/tiff/Tiff.h>
-
-#include "tests/support/read_tiff.h"
 #include "tests/tiff_writing.h"
 
 namespace {
@@ -40,12 +31,9 @@ struct Image {
 };
 
 std::vector<Entry> EntriesOf(const Image& image, const Entry& offsets) {
-    return {Longs(254, {0}),
-            Longs(256, {image.width}),
-            Longs(257, {image.length}),
-            Shorts(258, std::vector<std::uint32_t>(image.samples, image.bits)),
-            offsets,
-            Shorts(277, {image.samples})};
+    const Entry bits = Shorts(258, std::vector<std::uint32_t>(image.samples, image.bits));
+    return {Longs(254, {0}), Longs(256, {image.width}),   Longs(257, {image.length}), bits,
+            offsets,         Shorts(277, {image.samples})};
 }
 
 Bytes CopyOf(Tiff& tiff, short format) {
@@ -175,18 +163,13 @@ TEST(WriteCopy, AnImageThatEndsBeyondItsFileChangesTheLayout) {
 
 /// Sizes that no file has count as none, and none of them lets a position wrap.
 TEST(WriteNew, AnImpossibleSizeReservesOrWritesSomething) {
-    struct Case {
-        std::uint32_t width, length;
-        std::uint16_t samples, bits;
-    };
-    const Case cases[] = {{0xFFFFFFFF, 10, 1, 8},
-                          {10, 0x80000000, 1, 8},
-                          {0x7FFFFFFF, 1, 1, 8},
-                          {0x10000, 0x10000, 1, 8},
-                          {0x7FFFFFFF, 0x7FFFFFFF, 65535, 65535},
-                          {0, 10, 1, 8},
-                          {10, 10, 1, 0}};
-    for (const Case& c : cases) {
+    // clang-format off
+    const Image cases[] = {
+        {0xFFFFFFFF, 10, 1, 8}, {10, 0x80000000, 1, 8}, {0x7FFFFFFF, 1, 1, 8},
+        {0x10000, 0x10000, 1, 8}, {0x7FFFFFFF, 0x7FFFFFFF, 65535, 65535}, {0, 10, 1, 8},
+        {10, 10, 1, 0}};
+    // clang-format on
+    for (const Image& c : cases) {
         Tiff tiff;
         SetImage(tiff, c.width, c.length, c.bits);
         SetNumber(tiff, 277, c.samples);

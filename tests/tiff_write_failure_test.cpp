@@ -1,14 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <functional>
-#include <string>
-#include <vector>
 
-#include <platen/base/files.h>
-#include <platen/tiff/Tiff.h>
-
-#include "tests/support/read_tiff.h"
 #include "tests/tiff_writing.h"
 
 namespace {
@@ -46,19 +38,6 @@ TEST(WriteCopy, TheSourceIsTruncatedUnderAnotherName) {
     EXPECT_EQ(read.tiff.WriteCopy(twin.Name(), TIFF_INTEL), 1);
     EXPECT_EQ(read.file.Contents(), source);
     EXPECT_EQ(twin.Contents().substr(8, 8), "12345678");
-}
-
-TEST(WriteNew, AFileThatCannotBeCreatedIsTakenForWritten) {
-    const TemporaryFile folderless;
-    const std::string names[] = {folderless.Path() + "/below", "/nowhere/at/all.tif", "/tmp", ""};
-    for (const std::string& name : names) {
-        ReadTiff<OpenTiff> read(SmallFile());
-        EXPECT_EQ(read.tiff.WriteNew(name.c_str(), TIFF_INTEL), -1) << name;
-        EXPECT_EQ(read.tiff.Status(), 0);
-        EXPECT_EQ(read.tiff.WriteCopy(name.c_str(), TIFF_INTEL), -1) << name;
-        EXPECT_EQ(read.tiff.Status(), 0);
-        EXPECT_EQ(read.Record().StripOffsetsLong[0], 8U);
-    }
 }
 
 struct Step {
@@ -126,20 +105,6 @@ TEST(WriteNew, AFullDiskIsReportedAtTheWrongPlace) {
         EXPECT_EQ(WithFileLimit(c.limit, copy), c.status) << c.limit;
         EXPECT_EQ(file.Contents().size(), c.limit);
         EXPECT_EQ(read.file.Contents(), source);
-    }
-}
-
-TEST(WriteNew, AFullDiskBetweenTwoDirectoriesIsNotReported) {
-    Tiff tiff;
-    tiff.ReAllocStdTiff();
-    SetNumber(tiff, 254, 0, 0);
-    SetNumber(tiff, 254, 0, 1);  // 30 bytes each: 8 to 37 with the link, 38 to 67
-    for (const auto& [limit, status] :
-         std::vector<std::pair<rlim_t, int>>{{34, -3}, {38, -3}, {40, 1}}) {
-        const TemporaryFile file;
-        EXPECT_EQ(WithFileLimit(limit, [&] { return tiff.WriteNew(file.Name(), TIFF_INTEL); }),
-                  status)
-            << limit;
     }
 }
 

@@ -1,13 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <functional>
-#include <string>
-#include <vector>
 
-#include <platen/base/files.h>
-#include <platen/tiff/Tiff.h>
-
-#include "tests/support/read_tiff.h"
 #include "tests/tiff_writing.h"
 
 namespace {
@@ -16,27 +8,12 @@ using namespace platen::test;
 
 constexpr std::uint32_t kResolution[] = {72, 1};
 
+/// A file that was laid out by hand.
+std::string Expected(const std::string& name) {
+    return Shown(FileContents(PLATEN_TEST_DATA "/" + name));
+}
+
 TEST(WriteNew, AByteOfASmallFileDiffers) {
-    const char* const intel =
-        "49 49 2A 00 10 00 00 00  00 00 00 00 00 00 00 00  0D 00"
-        "FE 00 04 00 01 00 00 00 00 00 00 00  00 01 04 00 01 00 00 00 04 00 00 00"
-        "01 01 04 00 01 00 00 00 02 00 00 00  02 01 03 00 01 00 00 00 08 00 00 00"
-        "03 01 03 00 01 00 00 00 01 00 00 00  06 01 03 00 01 00 00 00 01 00 00 00"
-        "11 01 04 00 01 00 00 00 08 00 00 00  15 01 03 00 01 00 00 00 01 00 00 00"
-        "16 01 04 00 01 00 00 00 02 00 00 00  17 01 04 00 01 00 00 00 08 00 00 00"
-        "1A 01 05 00 01 00 00 00 B6 00 00 00  1B 01 05 00 01 00 00 00 BE 00 00 00"
-        "28 01 03 00 01 00 00 00 02 00 00 00  00 00 00 00  00 00 00 00"
-        "48 00 00 00 01 00 00 00  48 00 00 00 01 00 00 00";
-    const char* const motorola =
-        "4D 4D 00 2A 00 00 00 10  00 00 00 00 00 00 00 00  00 0D"
-        "00 FE 00 04 00 00 00 01 00 00 00 00  01 00 00 04 00 00 00 01 00 00 00 04"
-        "01 01 00 04 00 00 00 01 00 00 00 02  01 02 00 03 00 00 00 01 00 08 00 00"
-        "01 03 00 03 00 00 00 01 00 01 00 00  01 06 00 03 00 00 00 01 00 01 00 00"
-        "01 11 00 04 00 00 00 01 00 00 00 08  01 15 00 03 00 00 00 01 00 01 00 00"
-        "01 16 00 04 00 00 00 01 00 00 00 02  01 17 00 04 00 00 00 01 00 00 00 08"
-        "01 1A 00 05 00 00 00 01 00 00 00 B6  01 1B 00 05 00 00 00 01 00 00 00 BE"
-        "01 28 00 03 00 00 00 01 00 02 00 00  00 00 00 00  00 00 00 00"
-        "00 00 00 48 00 00 00 01  00 00 00 48 00 00 00 01";
     Tiff tiff;
     SetImage(tiff, 4, 2, 8);
     for (const int tag : {259, 262}) {
@@ -47,22 +24,11 @@ TEST(WriteNew, AByteOfASmallFileDiffers) {
     tiff.setTAG(282, AddressOf(kResolution), 1, 0);
     tiff.setTAG(283, AddressOf(kResolution), 1, 0);
     SetNumber(tiff, 296, 2);
-    EXPECT_EQ(Hex(intel).size(), 198U);
-    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_INTEL)), Shown(Hex(intel)));
-    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_MOTOROLA)), Shown(Hex(motorola)));
+    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_INTEL)), Expected("small.intel"));
+    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_MOTOROLA)), Expected("small.motorola"));
 }
 
 TEST(WriteNew, AnOldFormDirectoryIsNotMergedIntoTheFirst) {
-    const char* const intel =
-        "49 49 2A 00 08 00 00 00  03 00"
-        "FE 00 04 00 01 00 00 00 00 00 00 00  A5 82 04 00 01 00 00 00 01 00 00 00"
-        "A8 82 02 00 05 00 00 00 48 00 00 00  32 00 00 00  01 00"
-        "FF 00 03 00 01 00 00 00 03 00 00 00  00 00 00 00  00 00 00 00  77 78 79 7A 00";
-    const char* const motorola =
-        "4D 4D 00 2A 00 00 00 08  00 03"
-        "00 FE 00 04 00 00 00 01 00 00 00 00  82 A5 00 04 00 00 00 01 00 00 00 01"
-        "82 A8 00 02 00 00 00 05 00 00 00 48  00 00 00 32  00 01"
-        "00 FF 00 03 00 00 00 01 00 03 00 00  00 00 00 00  00 00 00 00  77 78 79 7A 00";
     Tiff tiff;
     tiff.ReAllocStdTiff();
     tiff.ReAllocStdTiff();
@@ -73,8 +39,8 @@ TEST(WriteNew, AnOldFormDirectoryIsNotMergedIntoTheFirst) {
     SetNumber(tiff, 33445, 1, 1);
     SetText(tiff, 33448, "wxyz", 1);
     SetNumber(tiff, 255, 3, 2);
-    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_INTEL)), Shown(Hex(intel)));
-    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_MOTOROLA)), Shown(Hex(motorola)));
+    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_INTEL)), Expected("old_form.intel"));
+    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_MOTOROLA)), Expected("old_form.motorola"));
     const TiffIFDStdDirStruct* records = tiff.getStdDir();
     const std::uint32_t placed[] = {records[0].WriteNumEntries, records[0].WriteLinkOffset,
                                     records[0].WriteIFDOffset,  records[1].WriteIFDOffset,

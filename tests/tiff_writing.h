@@ -4,18 +4,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
 #include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
 
-#include <platen/base/files.h>
-#include <platen/tiff/Tiff.h>
-
-#include "tests/support/temporary_file.h"
-#include "tests/support/tiff_builder.h"
+#include "tests/support/read_tiff.h"
 
 /// What the tests of the writing half share: setting tags, files as bytes, raw directories.
 namespace platen::test {
@@ -130,10 +122,8 @@ inline std::vector<RawEntry> RawDirectory(std::string_view bytes, std::uint32_t&
     const std::uint32_t number = NumberAt(bytes, offset, 2, order);
     std::size_t at = offset + 2;
     for (std::uint32_t i = 0; i < number; ++i, at += 12) {
-        RawEntry entry = {NumberAt(bytes, at, 2, order),
-                          NumberAt(bytes, at + 2, 2, order),
-                          NumberAt(bytes, at + 4, 4, order),
-                          {}};
+        RawEntry entry = {NumberAt(bytes, at, 2, order), NumberAt(bytes, at + 2, 2, order),
+                          NumberAt(bytes, at + 4, 4, order), Bytes()};
         const unsigned element = entry.type < 13 ? kElement[entry.type] : 1;
         const std::size_t size = entry.type < 13 ? entry.count * kSize[entry.type] : 0;
         const std::size_t values = size > 4 ? NumberAt(bytes, at + 8, 4, order) : at + 8;

@@ -19,13 +19,7 @@
 /// sanitizer.
 namespace {
 
-using platen::test::Build;
-using platen::test::Directory;
-using platen::test::Longs;
-using platen::test::Rationals;
-using platen::test::Shorts;
-using platen::test::TemporaryFile;
-using platen::test::Text;
+using namespace platen::test;
 
 /// Runs `pass` with allocation 1, 2, 3... failing, alone and with all after it, until it needs no
 /// more of them. Answers how many failures there were.

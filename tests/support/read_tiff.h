@@ -1,12 +1,17 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <platen/base/files.h>
 #include <platen/tiff/Tiff.h>
 
 #include "tests/support/temporary_file.h"
+#include "tests/support/tiff_builder.h"
 
 namespace platen::test {
 

@@ -13,26 +13,6 @@
 namespace platen::test {
 namespace {
 
-/// A descriptor that closes with the object.
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor() { Close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    [[nodiscard]] int Number() const { return m_number; }
-    void Close() {
-        if (m_number >= 0) {
-            close(m_number);
-            m_number = -1;
-        }
-    }
-
-  private:
-    int m_number;
-};
-
 int OpenBrokenPipe() {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
@@ -87,18 +67,18 @@ Outcome RunProgram(const std::string& program, const std::vector<std::string>& a
     const TemporaryFile outFile;
     const TemporaryFile errFile;
     const std::string outPath = streams.outPath.empty() ? outFile.Path() : streams.outPath;
-    const Descriptor terminal(streams.errIsTerminal ? OpenTerminal() : -1);
-    const char* errPath = streams.errIsTerminal ? ptsname(terminal.Number()) : errFile.Name();
-
-    Descriptor out(streams.outIsBroken ? OpenBrokenPipe()
-                                       : open(outPath.c_str(), O_WRONLY | O_CLOEXEC));
-    Descriptor err(open(errPath, O_WRONLY | O_NOCTTY | O_CLOEXEC));
+    const int terminal = streams.errIsTerminal ? OpenTerminal() : -1;
+    const char* errPath = streams.errIsTerminal ? ptsname(terminal) : errFile.Name();
+    const int out =
+        streams.outIsBroken ? OpenBrokenPipe() : open(outPath.c_str(), O_WRONLY | O_CLOEXEC);
+    const int err = open(errPath, O_WRONLY | O_NOCTTY | O_CLOEXEC);
     Outcome outcome;
-    outcome.exitStatus = Spawn(program, arguments, out.Number(), err.Number());
-    out.Close();
-    err.Close();
+    outcome.exitStatus = Spawn(program, arguments, out, err);
+    close(out);
+    close(err);
     outcome.out = outFile.Contents();
-    outcome.err = streams.errIsTerminal ? ReadAll(terminal.Number()) : errFile.Contents();
+    outcome.err = streams.errIsTerminal ? ReadAll(terminal) : errFile.Contents();
+    close(terminal);
     return outcome;
 }
 

@@ -44,11 +44,7 @@ std::vector<Place> Arrange(const File& file) {
     for (const Directory& directory : file.directories) {
         const std::size_t values = at + DirectorySize(directory);
         places.push_back({at, values});
-        at = file.valuesLast ? values : values + LongValuesSize(directory);
-    }
-    for (std::size_t i = 0; file.valuesLast && i < places.size(); ++i) {
-        places[i].values = at;
-        at += LongValuesSize(file.directories[i]);
+        at = values + LongValuesSize(directory);
     }
     return places;
 }

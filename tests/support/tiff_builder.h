@@ -48,14 +48,13 @@ struct Directory {
 };
 
 /// Stands in this order: header, `data` from offset 8, directories, each followed by its long
-/// values, or all of those behind the last directory. Nothing is padded.
+/// values. Nothing is padded.
 struct File {
     Order order = Order::Intel;
     std::uint16_t version = 42;
     Bytes data = {};
     std::vector<Directory> directories = {};
     std::optional<std::uint32_t> first = std::nullopt;  ///< offset of the first directory
-    bool valuesLast = false;
 };
 
 Bytes Build(const File& file);
