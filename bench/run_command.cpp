@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 #include <system_error>
 
@@ -71,8 +72,7 @@ Usage Run(Command command) {
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
         throw std::runtime_error(command.words[0] + " failed");
     }
-    return {elapsed.count(), Milliseconds(usage.ru_utime) + Milliseconds(usage.ru_stime),
-            static_cast<double>(usage.ru_maxrss) * 1024 / kMebibyte};
+    return {elapsed.count(), Milliseconds(usage.ru_utime) + Milliseconds(usage.ru_stime), 0};
 }
 
 double Median(std::vector<Usage> runs, double Usage::*value) {
@@ -81,10 +81,22 @@ double Median(std::vector<Usage> runs, double Usage::*value) {
     return (*middle).*value;
 }
 
-/// Median times, and the most memory.
-Usage Summary(const std::vector<Usage>& runs) {
-    return {Median(runs, &Usage::elapsed), Median(runs, &Usage::processor),
-            std::ranges::max_element(runs, {}, &Usage::mebibytes)->mebibytes};
+/// What a child of this process is said to have used includes this process, from which it was
+/// forked; a small program between the two measures the child alone.
+double PeakMemory(const Command& command) {
+    const std::filesystem::path file =
+        std::filesystem::temp_directory_path() / ("platen-bench-" + std::to_string(getpid()));
+    Command measured = command;
+    measured.words.insert(measured.words.begin(), {PLATEN_BENCH_MEASURE, file.string()});
+    Run(measured);
+    double kibibytes = 0;
+    std::ifstream(file) >> kibibytes;
+    std::filesystem::remove(file);
+    return kibibytes * 1024 / kMebibyte;
+}
+
+Usage Summary(const std::vector<Usage>& runs, double mebibytes) {
+    return {Median(runs, &Usage::elapsed), Median(runs, &Usage::processor), mebibytes};
 }
 
 }  // namespace
@@ -100,7 +112,7 @@ Pair RunInTurn(const Command& first, const Command& second, int times) {
             seconds.push_back(other);
         }
     }
-    return {Summary(firsts), Summary(seconds)};
+    return {Summary(firsts, PeakMemory(first)), Summary(seconds, PeakMemory(second))};
 }
 
 }  // namespace platen::bench
