@@ -10,15 +10,15 @@ namespace {
 
 constexpr std::int32_t kTextInEntry = 4;
 
-template <typename T>
-void SwapAll(void* target, const void* source, std::size_t count, T (*swap)(T, std::uint16_t),
-             std::uint16_t order) {
+/// The conversion is known when this is compiled, so that it runs on many elements at once.
+template <typename T, T (*Swap)(T, std::uint16_t)>
+void SwapAll(void* target, const void* source, std::size_t count) {
     auto* to = static_cast<std::uint8_t*>(target);
     const auto* from = static_cast<const std::uint8_t*>(source);
     for (std::size_t i = 0; i < count; ++i) {
         T element;
         std::memcpy(&element, from + i * sizeof(T), sizeof(T));
-        element = swap(element, order);
+        element = Swap(element, TIFF_MOTOROLA);
         std::memcpy(to + i * sizeof(T), &element, sizeof(T));
     }
 }
@@ -110,9 +110,9 @@ void ConvertElements(void* target, const void* source, std::size_t count, std::s
     if (order == TIFF_INTEL || elementSize == 1) {
         std::memmove(target, source, count * elementSize);
     } else if (elementSize == 2) {
-        SwapAll<std::uint16_t>(target, source, count, &SwapSHORT, order);
+        SwapAll<std::uint16_t, &SwapSHORT>(target, source, count);
     } else if (elementSize == 4) {
-        SwapAll<std::uint32_t>(target, source, count, &SwapLONG, order);
+        SwapAll<std::uint32_t, &SwapLONG>(target, source, count);
     } else {
         ReverseAll(target, source, count, elementSize);
     }
