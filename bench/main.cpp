@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include <bench/access_cases.h>
 #include <bench/processes.h>
 #include <bench/ratios.h>
 #include <bench/readers.h>
@@ -109,9 +110,11 @@ int RunCases(std::vector<char*> arguments) {
     const Scratch scratch;
     std::vector<Case> cases = RegisterAll(scratch);
     std::ranges::copy(RegisterWriters(scratch), std::back_inserter(cases));
+    RegisterAccess();
     MedianKeeper medians;
     benchmark::RunSpecifiedBenchmarks(&medians);
     PrintRatios(cases, medians);
+    PrintAccess(medians);
     return 0;
 }
 
