@@ -10,27 +10,22 @@ namespace {
 
 constexpr std::int32_t kTextInEntry = 4;
 
-/// The conversion is known when this is compiled, so that it runs on many elements at once.
+/// In place and with a conversion known when this is compiled, so that it runs on many elements at
+/// once.
 template <typename T, T (*Swap)(T, std::uint16_t)>
-void SwapAll(void* target, const void* source, std::size_t count) {
-    auto* to = static_cast<std::uint8_t*>(target);
-    const auto* from = static_cast<const std::uint8_t*>(source);
+void SwapAll(std::uint8_t* bytes, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
         T element;
-        std::memcpy(&element, from + i * sizeof(T), sizeof(T));
+        std::memcpy(&element, bytes + i * sizeof(T), sizeof(T));
         element = Swap(element, TIFF_MOTOROLA);
-        std::memcpy(to + i * sizeof(T), &element, sizeof(T));
+        std::memcpy(bytes + i * sizeof(T), &element, sizeof(T));
     }
 }
 
 /// Reverses elements of any size.
-void ReverseAll(void* target, const void* source, std::size_t count, std::size_t elementSize) {
-    auto* to = static_cast<std::uint8_t*>(target);
-    if (target != source) {
-        std::memcpy(target, source, count * elementSize);
-    }
-    for (std::size_t i = 0; i < count; ++i, to += elementSize) {
-        std::reverse(to, to + elementSize);
+void ReverseAll(std::uint8_t* bytes, std::size_t count, std::size_t elementSize) {
+    for (std::size_t i = 0; i < count; ++i, bytes += elementSize) {
+        std::reverse(bytes, bytes + elementSize);
     }
 }
 
@@ -107,14 +102,19 @@ void ConvertElements(void* target, const void* source, std::size_t count, std::s
     if (count == 0) {
         return;  // an entry without values may come without an address too
     }
-    if (order == TIFF_INTEL || elementSize == 1) {
-        std::memmove(target, source, count * elementSize);
-    } else if (elementSize == 2) {
-        SwapAll<std::uint16_t, &SwapSHORT>(target, source, count);
+    if (target != source) {
+        std::memcpy(target, source, count * elementSize);
+    }
+    if (order == TIFF_INTEL) {
+        return;
+    }
+    auto* bytes = static_cast<std::uint8_t*>(target);
+    if (elementSize == 2) {
+        SwapAll<std::uint16_t, &SwapSHORT>(bytes, count);
     } else if (elementSize == 4) {
-        SwapAll<std::uint32_t, &SwapLONG>(target, source, count);
-    } else {
-        ReverseAll(target, source, count, elementSize);
+        SwapAll<std::uint32_t, &SwapLONG>(bytes, count);
+    } else if (elementSize > 1) {
+        ReverseAll(bytes, count, elementSize);
     }
 }
 
