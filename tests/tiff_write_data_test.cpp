@@ -149,9 +149,7 @@ TEST(WriteCopy, AnImageThatEndsBeyondItsFileChangesTheLayout) {
         Build({.data = Pattern(70000), .directories = {{EntriesOf(image, Longs(273, {8}))}}});
     ReadTiff<> read(source);
     EXPECT_EQ(read.status, -3);
-    constexpr std::size_t kChunk = 65400;
-    const std::size_t got = source.size() - 8 - kChunk;  // of the second chunk
-    const Bytes expected = source.substr(8) + source.substr(8 + got, 54600 - got);
+    const Bytes expected = source.substr(8) + Bytes(image.Size() - (source.size() - 8), '\0');
     const Bytes copy = CopyOf(read.tiff, TIFF_INTEL);
     EXPECT_TRUE(copy.substr(8, image.Size()) == expected);
     EXPECT_EQ(NumberAt(copy, 4, 4, Order::Intel), 8 + image.Size());

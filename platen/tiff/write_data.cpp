@@ -33,8 +33,8 @@ void ReserveArea(void* file, std::int64_t size) {
     }
 }
 
-/// Writes an area of `size` bytes, which `fill(buffer, bytes)` fills chunk by chunk; what it leaves
-/// is zero or what the buffer held before. Chunks are gathered into writes that end at multiples of
+/// Writes an area of `size` bytes, which `fill(buffer, bytes)` fills chunk by chunk, or leaves zero
+/// throughout. Chunks are gathered into writes that end at multiples of
 /// 512 KiB in the file: the system keeps such a file in large pages, which saves a good part of the
 /// cost. False when there was no memory for the buffer. Failing transfers are not looked at.
 template <typename Fill>
@@ -100,9 +100,9 @@ long Tiff::WriteDATA(void* file, short format) {
         const bool readable = source >= 0 && FILE_lseek(m_hFile, static_cast<LONG>(source), 0) >= 0;
         const bool buffered =
             WriteArea(file, RowBytes(record), size, [&](std::uint8_t* buffer, LONG bytes) {
-                if (readable) {
-                    FILE_read(m_hFile, buffer, bytes);
-                }
+                const LONG got = readable ? FILE_read(m_hFile, buffer, bytes) : 0;
+                // What the source does not have is zero.
+                std::fill(buffer + std::max<LONG>(got, 0), buffer + bytes, std::uint8_t{0});
                 if (swapped) {
                     platen::tiff::ConvertElements(buffer, buffer,
                                                   static_cast<std::size_t>(bytes) / 2, 2,
