@@ -34,9 +34,9 @@ void ReserveArea(void* file, std::int64_t size) {
 }
 
 /// Writes an area of `size` bytes, which `fill(buffer, bytes)` fills chunk by chunk, or leaves zero
-/// throughout. Chunks are gathered into writes that end at multiples of
-/// 512 KiB in the file: the system keeps such a file in large pages, which saves a good part of the
-/// cost. False when there was no memory for the buffer. Failing transfers are not looked at.
+/// throughout. Chunks are gathered into writes that end at multiples of 512 KiB in the file: the
+/// system keeps such a file in large pages, which saves a good part of the cost. False when there
+/// was no memory for the buffer. Failing transfers are not looked at.
 template <typename Fill>
 bool WriteArea(void* file, std::int64_t rowBytes, std::int64_t size, Fill fill) {
     if (size == 0) {
