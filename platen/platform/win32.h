@@ -10,8 +10,16 @@
 #define WIN32_LEAN_AND_MEAN
 #endif
 #include <windows.h>
+// Behind <windows.h>, which it needs.
+#include <commctrl.h>
 #else
+#include <platen/platform/win32/dialog.h>
 #include <platen/platform/win32/files.h>
+#include <platen/platform/win32/gdi.h>
 #include <platen/platform/win32/memory.h>
+#include <platen/platform/win32/message.h>
+#include <platen/platform/win32/resource.h>
+#include <platen/platform/win32/system.h>
 #include <platen/platform/win32/types.h>
+#include <platen/platform/win32/window.h>
 #endif
