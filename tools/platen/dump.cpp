@@ -1,4 +1,3 @@
-#include <cerrno>
 #include <memory>
 
 #include <platen/base/memory.h>
@@ -6,6 +5,7 @@
 
 #include "commands.h"
 #include "file_list.h"
+#include "system.h"
 
 namespace platen::tool {
 namespace {
@@ -20,14 +20,14 @@ class Reporter : public Tiff {
     explicit Reporter(Output* growing) : m_growing(growing) {}
 
     Problem ReadFile(const char* name) {
-        errno = 0;
+        ClearSystemError();
         void* file = Open(name, OF_READ);
         if (m_Status != 1) {
-            return ProblemOf(m_Status, errno);
+            return ProblemOf(m_Status, SystemError());
         }
         ReadSetDump(1);
         const long status = Read(file);
-        const int systemError = errno;
+        const int systemError = SystemError();
         Close(file);
         FreeRecords();
         if (status != 1) {

@@ -1,10 +1,10 @@
-#include <csignal>
 #include <exception>
 #include <sstream>
 
 #include "commands.h"
 #include "messages.h"
 #include "output.h"
+#include "system.h"
 
 namespace platen::tool {
 namespace {
@@ -43,6 +43,7 @@ int Run(int argc, char** argv) {
                      "platen");
     program.set_version_flag("--version", "platen " PLATEN_VERSION, "Print the version and exit");
     program.require_subcommand(1);
+    program.allow_windows_style_options(false);  // "/scans/a.tif" is a file on every system
     program.failure_message(UsageMessage);
     program.footer("'platen SUBCOMMAND --help' tells more and gives an example.");
     AddDump(program, exitStatus);
@@ -64,10 +65,7 @@ int Run(int argc, char** argv) {
 }  // namespace platen::tool
 
 int main(int argc, char** argv) {
-    // A reader that goes away, or a file's size limit, shows as a failed write, which is reported,
-    // instead of ending us.
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
+    platen::tool::PrepareStreams();
     try {
         return platen::tool::Run(argc, argv);
     } catch (const std::exception& error) {

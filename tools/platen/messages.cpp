@@ -1,7 +1,8 @@
 #include "messages.h"
 
 #include <cstdio>
-#include <cstring>
+
+#include "system.h"
 
 namespace platen::tool {
 namespace {
@@ -26,7 +27,7 @@ const char* Meaning(long status) {
 std::string WithReason(std::string_view what, int systemError) {
     std::string text(what);
     if (systemError != 0) {
-        text.append(": ").append(std::strerror(systemError));
+        text.append(": ").append(SystemErrorText(systemError));
     }
     return text;
 }

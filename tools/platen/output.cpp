@@ -1,15 +1,13 @@
 #include "output.h"
 
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstdio>
 
 #include "messages.h"
+#include "system.h"
 
 namespace platen::tool {
 
-Output::Output() : m_terminal(isatty(STDOUT_FILENO) != 0) {}
+Output::Output() : m_terminal(tool::IsTerminal(stdout)) {}
 
 void Output::Write(std::string_view text) {
     if (!m_failed) {
@@ -30,7 +28,7 @@ bool Output::Finish() {
 
 void Output::Check(bool good) {
     if (!good) {
-        const int error = errno;
+        const int error = SystemError();
         m_failed = true;
         PrintProblem("standard output", {-3, WithReason("could not be written", error)});
     }

@@ -1,10 +1,9 @@
 #include "progress.h"
 
-#include <unistd.h>
-
 #include <string>
 
 #include "messages.h"
+#include "system.h"
 
 namespace platen::tool {
 namespace {
@@ -13,8 +12,7 @@ constexpr std::chrono::milliseconds kRedrawInterval{50};
 
 }  // namespace
 
-Progress::Progress(std::size_t files)
-    : m_files(files), m_wanted(files > 1 && isatty(STDERR_FILENO) != 0) {}
+Progress::Progress(std::size_t files) : m_files(files), m_wanted(files > 1 && IsTerminal(stderr)) {}
 
 void Progress::Show(std::size_t done) {
     if (!m_wanted || Clock::now() < m_nextDraw) {

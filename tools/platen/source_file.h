@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cerrno>
 #include <string>
 
 #include <platen/tiff/Tiff.h>
 
 #include "messages.h"
+#include "system.h"
 
 namespace platen::tool {
 
@@ -14,12 +14,12 @@ template <typename Engine>
 class SourceFile {
   public:
     explicit SourceFile(const std::string& name) {
-        errno = 0;
+        ClearSystemError();
         m_file = m_engine.Open(name.c_str(), OF_READ);
         const bool opened = m_engine.getFileAttributes() != -1;
         const long status = opened ? m_engine.Read(m_file) : 0;
         if (status != 1) {
-            m_problem = ProblemOf(status, errno);
+            m_problem = ProblemOf(status, SystemError());
         }
     }
     ~SourceFile() { m_engine.Close(m_file); }

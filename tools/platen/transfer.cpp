@@ -1,9 +1,9 @@
 #include "transfer.h"
 
-#include <cerrno>
 #include <filesystem>
 
 #include "interrupt.h"
+#include "system.h"
 #include "transfer_progress.h"
 
 namespace platen::tool {
@@ -80,9 +80,9 @@ int CopyFaithfully(SourceFile<TiffCopy>& source, const TransferOptions& options)
         const InterruptGuard guard;
         TransferProgress progress;
         const short order = options.OrderFor(source.GetEngine());
-        errno = 0;
+        ClearSystemError();
         result = source.GetEngine().CopyTo(options.out.c_str(), order, &Tell, &progress);
-        systemError = errno;
+        systemError = SystemError();
     }
     return Report(result, systemError, options);
 }
@@ -99,11 +99,11 @@ int WriteStraight(const TransferOptions& options, long (Tiff::*write)(const char
         return kFileFailed;
     }
     const InterruptGuard guard(HalfFileAt(options.out));
-    errno = 0;
+    ClearSystemError();
     const long status =
         (source.GetEngine().*write)(options.out.c_str(), options.OrderFor(source.GetEngine()));
     if (status != 1) {
-        const std::string what = WithReason(MeaningOfWriting(status), errno);
+        const std::string what = WithReason(MeaningOfWriting(status), SystemError());
         PrintProblem(options.out, {status == -1 ? 0 : status, what});
     }
     return status == 1 ? kDone : kFileFailed;

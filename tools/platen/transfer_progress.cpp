@@ -1,14 +1,12 @@
 #include "transfer_progress.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <string>
 
 #include "messages.h"
+#include "system.h"
 
 namespace platen::tool {
 namespace {
@@ -16,14 +14,9 @@ namespace {
 constexpr std::chrono::seconds kFirstDraw{1};
 constexpr std::chrono::milliseconds kRedrawInterval{100};
 constexpr double kMegabyte = 1e6;
+constexpr std::size_t kUsualColumns = 80;
 constexpr std::size_t kLeastBar = 10;
 constexpr std::size_t kLargestBar = 20;
-
-std::size_t TerminalColumns() {
-    constexpr std::size_t kUsual = 80;
-    winsize size = {};
-    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col != 0 ? size.ws_col : kUsual;
-}
 
 /// As in " 45%  483 of 1074 MB  512 MB/s  0:02 left".
 std::string Figures(double done, double total, double seconds) {
@@ -38,7 +31,8 @@ std::string Figures(double done, double total, double seconds) {
 
 /// The bar takes what the figures leave of a line, which must not wrap.
 std::string Line(const std::string& figures, double part) {
-    const std::size_t columns = TerminalColumns() - 1;
+    const std::size_t known = TerminalColumns();
+    const std::size_t columns = (known != 0 ? known : kUsualColumns) - 1;
     const std::size_t others = figures.size() + std::string_view("platen: [] ").size();
     if (columns < others + kLeastBar) {
         return figures.substr(0, columns);
@@ -51,9 +45,7 @@ std::string Line(const std::string& figures, double part) {
 }  // namespace
 
 TransferProgress::TransferProgress()
-    : m_wanted(isatty(STDERR_FILENO) != 0),
-      m_start(Clock::now()),
-      m_nextDraw(m_start + kFirstDraw) {}
+    : m_wanted(IsTerminal(stderr)), m_start(Clock::now()), m_nextDraw(m_start + kFirstDraw) {}
 
 TransferProgress::~TransferProgress() {
     if (m_visible) {

@@ -1,10 +1,17 @@
-#include "interrupt.h"
-
 #include <unistd.h>
+
+#include <array>
+#include <csignal>
+
+#include "interrupt.h"
 
 namespace platen::tool {
 namespace {
 
+constexpr std::array<int, 3> kSignals = {SIGINT, SIGTERM, SIGHUP};
+
+/// How the signals were handled before there was a guard.
+std::array<struct sigaction, kSignals.size()> g_before;
 volatile std::sig_atomic_t g_signal = 0;
 const char* volatile g_halfFile = nullptr;
 
@@ -30,9 +37,9 @@ InterruptGuard::InterruptGuard(std::string halfFile) : m_halfFile(std::move(half
         action.sa_flags = static_cast<int>(SA_RESETHAND);
     }
     for (std::size_t i = 0; i < kSignals.size(); ++i) {
-        sigaction(kSignals[i], nullptr, &m_before[i]);
+        sigaction(kSignals[i], nullptr, &g_before[i]);
         // Who started the program may want it to go on, as nohup does.
-        if (m_before[i].sa_handler != SIG_IGN) {
+        if (g_before[i].sa_handler != SIG_IGN) {
             sigaction(kSignals[i], &action, nullptr);
         }
     }
@@ -40,7 +47,7 @@ InterruptGuard::InterruptGuard(std::string halfFile) : m_halfFile(std::move(half
 
 InterruptGuard::~InterruptGuard() {
     for (std::size_t i = 0; i < kSignals.size(); ++i) {
-        sigaction(kSignals[i], &m_before[i], nullptr);
+        sigaction(kSignals[i], &g_before[i], nullptr);
     }
     if (Noted()) {
         raise(g_signal);
