@@ -4,7 +4,11 @@
 #include <platen/base/buffer.h>
 #include <platen/base/files.h>
 #include <platen/base/memory.h>
+#include <platen/base/system.h>
 #include <platen/platform/afx.h>
+#include <platen/progress/progress_bar.h>
+#include <platen/progress/report.h>
+#include <platen/progress/status_progress.h>
 #include <platen/tiff/Tiff.h>
 #include <platen/tiff/TiffCopy.h>
 #include <platen/tiff/records.h>

@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include <platen/platform/afx.h>
+#include <platen/platform/afx/object.h>
+#include <platen/platform/afx/string.h>
 #include <platen/platform/api.h>
 #include <platen/tiff/records.h>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <new>
+
 #include <platen/platform/api.h>
 #include <platen/platform/win32.h>
 
@@ -56,29 +58,36 @@ class PLATEN_API CObject {
 
 #define RUNTIME_CLASS(class_name) (&class_name::class##class_name)
 
-/// In a class that can be created by name: its record and what the record points to.
-#define DECLARE_DYNCREATE(class_name)                              \
+/// In a class with run-time class information: its record and what the record points to.
+#define DECLARE_DYNAMIC(class_name)                                \
   public:                                                          \
     static CRuntimeClass class##class_name;                        \
     [[nodiscard]] CRuntimeClass* GetRuntimeClass() const override; \
-    static CRuntimeClass* _GetBaseClass();                         \
+    static CRuntimeClass* _GetBaseClass();
+
+/// The same, in a class that can also be created by name.
+#define DECLARE_DYNCREATE(class_name) \
+    DECLARE_DYNAMIC(class_name)       \
     static CObject* CreateObject();
 
-/// Beside the class: the same, defined and registered.
-#define IMPLEMENT_DYNCREATE(class_name, base_name)                                       \
-    CRuntimeClass class_name::class##class_name = {#class_name,                          \
-                                                   static_cast<int>(sizeof(class_name)), \
-                                                   0xFFFF,                               \
-                                                   &class_name::CreateObject,            \
-                                                   &class_name::_GetBaseClass,           \
-                                                   nullptr};                             \
-    static const AFX_CLASSINIT g_init##class_name(RUNTIME_CLASS(class_name));            \
-    CRuntimeClass* class_name::GetRuntimeClass() const {                                 \
-        return RUNTIME_CLASS(class_name);                                                \
-    }                                                                                    \
-    CRuntimeClass* class_name::_GetBaseClass() {                                         \
-        return RUNTIME_CLASS(base_name);                                                 \
-    }                                                                                    \
-    CObject* class_name::CreateObject() {                                                \
-        return new (std::nothrow) class_name;                                            \
+#define PLATEN_IMPLEMENT_RUNTIME_CLASS(class_name, base_name, create)         \
+    CRuntimeClass class_name::class##class_name = {                           \
+        #class_name, static_cast<int>(sizeof(class_name)), 0xFFFF,            \
+        create,      &class_name::_GetBaseClass,           nullptr};          \
+    static const AFX_CLASSINIT g_init##class_name(RUNTIME_CLASS(class_name)); \
+    CRuntimeClass* class_name::GetRuntimeClass() const {                      \
+        return RUNTIME_CLASS(class_name);                                     \
+    }                                                                         \
+    CRuntimeClass* class_name::_GetBaseClass() {                              \
+        return RUNTIME_CLASS(base_name);                                      \
+    }
+
+/// Beside the class: the record defined and registered.
+#define IMPLEMENT_DYNAMIC(class_name, base_name) \
+    PLATEN_IMPLEMENT_RUNTIME_CLASS(class_name, base_name, nullptr)
+
+#define IMPLEMENT_DYNCREATE(class_name, base_name)                                   \
+    PLATEN_IMPLEMENT_RUNTIME_CLASS(class_name, base_name, &class_name::CreateObject) \
+    CObject* class_name::CreateObject() {                                            \
+        return new (std::nothrow) class_name;                                        \
     }

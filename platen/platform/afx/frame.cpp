@@ -1,0 +1,34 @@
+#include <platen/platform/afx/frame.h>
+#include <platen/platform/afx/message_map.h>
+
+IMPLEMENT_DYNCREATE(CFrameWnd, CWnd)
+IMPLEMENT_DYNCREATE(CMiniFrameWnd, CFrameWnd)
+
+BEGIN_MESSAGE_MAP(CFrameWnd, CWnd)
+ON_WM_SETFOCUS()
+END_MESSAGE_MAP()
+
+void CFrameWnd::PostNcDestroy() {
+    delete this;
+}
+
+int CFrameWnd::OnCreate(LPCREATESTRUCT creation) {
+    return CWnd::OnCreate(creation);
+}
+
+void CFrameWnd::OnDestroy() {
+    CWnd::OnDestroy();
+}
+
+void CFrameWnd::OnSize(UINT type, int width, int height) {
+    CWnd::OnSize(type, width, height);
+}
+
+void CFrameWnd::OnSetFocus(CWnd* oldWindow) {
+    const HWND inside = ::GetWindow(m_hWnd, GW_CHILD);
+    if (inside != nullptr) {
+        ::SetFocus(inside);
+    } else {
+        CWnd::OnSetFocus(oldWindow);
+    }
+}

@@ -1,0 +1,81 @@
+#include <platen/platform/afx/window_table.h>
+#include <platen/platform/afx/wnd.h>
+#include <platen/platform/afx/wnd_procedure.h>
+
+namespace {
+
+constinit platen::afx::WindowTable g_permanent;
+constinit platen::afx::WindowTable g_temporary;
+
+/// A temporary object never destroys its window.
+void DeleteTemporary(CWnd* object) {
+    object->m_hWnd = nullptr;
+    delete object;
+}
+
+}  // namespace
+
+CWnd* CWnd::FromHandlePermanent(HWND window) {
+    return window == nullptr ? nullptr : g_permanent.Find(window);
+}
+
+CWnd* CWnd::FromHandle(HWND window) {
+    if (window == nullptr) {
+        return nullptr;
+    }
+    CWnd* object = FromHandlePermanent(window);
+    if (object == nullptr) {
+        object = g_temporary.Find(window);
+    }
+    if (object == nullptr) {
+        // An application that is never idle would otherwise gather objects of dead windows.
+        g_temporary.RemoveIf([](const CWnd& old) { return ::IsWindow(old.m_hWnd) == FALSE; },
+                             DeleteTemporary);
+        object = new (std::nothrow) CWnd;
+        if (object != nullptr) {
+            object->m_hWnd = window;
+            g_temporary.Insert(*object);
+        }
+    }
+    return object;
+}
+
+void CWnd::DeleteTempMap() {
+    g_temporary.RemoveIf([](const CWnd&) { return true; }, DeleteTemporary);
+}
+
+BOOL CWnd::Attach(HWND window) {
+    if (window == nullptr || m_hWnd != nullptr) {
+        return FALSE;
+    }
+    if (CWnd* other = FromHandlePermanent(window); other != nullptr) {
+        return FALSE;
+    }
+    m_hWnd = window;
+    g_permanent.Insert(*this);
+    return TRUE;
+}
+
+BOOL CWnd::SubclassWindow(HWND window) {
+    if (Attach(window) == FALSE) {
+        return FALSE;
+    }
+    m_below = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtr(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AfxWndProc)));
+    return TRUE;
+}
+
+HWND CWnd::Detach() {
+    const HWND window = m_hWnd;
+    if (window == nullptr) {
+        return nullptr;
+    }
+    g_permanent.Remove(*this);
+    const auto ours = reinterpret_cast<LONG_PTR>(&AfxWndProc);
+    if (m_below != nullptr && ::GetWindowLongPtr(window, GWLP_WNDPROC) == ours) {
+        ::SetWindowLongPtr(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_below));
+    }
+    m_hWnd = nullptr;
+    m_below = nullptr;
+    return window;
+}
