@@ -22,9 +22,10 @@ install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/platenConfigVersion.cmake
     DESTINATION ${package_folder})
 
-# platen_pkg_config(NAME LIBRARY DESCRIPTION)
+# platen_pkg_config(NAME LIBRARY DESCRIPTION [REQUIRES])
 function(platen_pkg_config name library description)
     file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+    set(requires ${ARGN})
     configure_file(${PROJECT_SOURCE_DIR}/cmake/package.pc.in
         ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc @ONLY)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc
@@ -32,6 +33,6 @@ function(platen_pkg_config name library description)
 endfunction()
 
 if(PLATEN_SHARED_LIBRARY)
-    platen_pkg_config(platen platen "${PROJECT_DESCRIPTION}")
+    platen_pkg_config(platen platen "${PROJECT_DESCRIPTION}" netcdf)
 endif()
 platen_pkg_config(platen-core platen_core "The TIFF engine and base services of platen, static")

@@ -33,4 +33,4 @@ need_packages() {
 
 build_packages=(cmake g++ make ninja-build libcli11-dev nlohmann-json3-dev)
 # The shared library also needs these.
-window_packages=(qt6-base-dev fonts-liberation)
+window_packages=(qt6-base-dev fonts-liberation libnetcdf-dev)
