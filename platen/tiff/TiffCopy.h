@@ -23,7 +23,8 @@ class PLATEN_API TiffCopy : public Tiff {
         Aborted,       ///< the callback asked for it
         Refused,       ///< the copy would not be faithful
         SourceFailed,  ///< the source could not be read, or not read whole
-        OutputFailed,  ///< the output could not be created, written or renamed; errno tells why
+        OutputFailed,  ///< the output could not be created, written or renamed; errno, on Windows
+                       ///< the last error, tells why
         NoMemory
     };
 

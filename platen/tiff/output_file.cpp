@@ -1,12 +1,12 @@
 #include <platen/tiff/output_file.h>
 
-#include <cerrno>
 #include <limits>
 #include <random>
 #include <string>
 #include <system_error>
 
 #include <platen/base/files.h>
+#include <platen/tiff/file_system.h>
 
 namespace platen::tiff {
 namespace {
@@ -43,15 +43,15 @@ OutputFile::~OutputFile() {
 
 const char* OutputFile::Create(const char* name) {
     std::error_code error;
-    m_name = fs::weakly_canonical(name, error);
+    m_name = fs::weakly_canonical(PathOf(name), error);
     const fs::file_type type = fs::status(m_name, error).type();
     if (type != fs::file_type::not_found && type != fs::file_type::regular) {
-        errno = 0;
+        ForgetSystemError();
         return type == fs::file_type::directory ? "the output is a directory"
                                                 : "the output is not a regular file";
     }
     m_temporary = m_name.empty() ? fs::path() : FreeNameBeside(m_name);
-    void* file = m_temporary.empty() ? FILE_none() : FILE_creat(m_temporary.string().c_str(), 0);
+    void* file = m_temporary.empty() ? FILE_none() : FILE_creat(NameOf(m_temporary).c_str(), 0);
     m_file = file == FILE_none() ? nullptr : file;
     return m_file == nullptr ? "the output could not be created" : nullptr;
 }
@@ -65,17 +65,7 @@ bool OutputFile::Write(const void* bytes, std::size_t size) {
 bool OutputFile::Commit() {
     FILE_close(m_file);
     m_file = nullptr;
-    std::error_code error;
-    const fs::file_status old = fs::status(m_name, error);
-    if (old.type() == fs::file_type::regular) {
-        fs::permissions(m_temporary, old.permissions(), error);
-    }
-    fs::rename(m_temporary, m_name, error);
-    if (error) {
-        std::error_code ignored;
-        fs::remove(m_temporary, ignored);
-    }
-    return !error;
+    return TakeName(m_temporary, m_name);
 }
 
 }  // namespace platen::tiff

@@ -16,8 +16,8 @@ class OutputFile {
     OutputFile& operator=(const OutputFile&) = delete;
 
     /// Null, or why no file can stand there: no such folder, no permission, or the name is taken by
-    /// something that is not a file; errno is the system's reason or 0. A link's target is what
-    /// will be replaced.
+    /// something that is not a file; errno, on Windows the last error, is the system's reason or 0.
+    /// A link's target is what will be replaced.
     const char* Create(const char* name);
     /// Writes all of it, or answers false.
     bool Write(const void* bytes, std::size_t size);

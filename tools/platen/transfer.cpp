@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include <platen/tiff/file_system.h>
+
 #include "interrupt.h"
 #include "system.h"
 #include "transfer_progress.h"
@@ -37,10 +39,10 @@ int Report(const TiffCopy::Result& result, int systemError, const TransferOption
 /// The file that would be left half written; none when the output is a device or the like.
 std::string HalfFileAt(const std::string& name) {
     std::error_code error;
-    const fs::path file = fs::weakly_canonical(name, error);
+    const fs::path file = fs::weakly_canonical(tiff::PathOf(name.c_str()), error);
     const fs::file_type type = fs::status(file, error).type();
     const bool plain = type == fs::file_type::regular || type == fs::file_type::not_found;
-    return plain ? file.string() : std::string();
+    return plain ? tiff::NameOf(file) : std::string();
 }
 
 const char* MeaningOfWriting(long status) {
@@ -94,7 +96,8 @@ int WriteStraight(const TransferOptions& options, long (Tiff::*write)(const char
         return kFileFailed;
     }
     std::error_code error;
-    if (fs::equivalent(options.in, options.out, error)) {
+    if (fs::equivalent(tiff::PathOf(options.in.c_str()), tiff::PathOf(options.out.c_str()),
+                       error)) {
         PrintFailure(options.out, -1, "is the file being read");
         return kFileFailed;
     }

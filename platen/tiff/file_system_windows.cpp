@@ -1,0 +1,48 @@
+#include <platen/platform/win32.h>
+#include <platen/tiff/file_system.h>
+
+namespace platen::tiff {
+namespace {
+
+/// Whether CopyFile may fail so after it touched the target.
+bool MayHaveTouched(DWORD error) {
+    return error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION &&
+           error != ERROR_PATH_NOT_FOUND;
+}
+
+}  // namespace
+
+std::filesystem::path PathOf(const char* name) {
+    const int size = MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, name, -1, nullptr, 0);
+    std::wstring path(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, name, -1, path.data(), size);
+    path.resize(size > 0 ? path.size() - 1 : 0);  // without its terminating zero
+    return path;
+}
+
+std::string NameOf(const std::filesystem::path& path) {
+    const int size = WideCharToMultiByte(CP_ACP, 0, path.c_str(), -1, nullptr, 0, nullptr, nullptr);
+    std::string name(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, 0, path.c_str(), -1, name.data(), size, nullptr, nullptr);
+    name.resize(size > 0 ? name.size() - 1 : 0);
+    return PathOf(name.c_str()) == path ? name : std::string();
+}
+
+bool TakeName(const std::filesystem::path& whole, const std::filesystem::path& target) {
+    if (MoveFileExW(whole.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE) {
+        return true;
+    }
+    const bool copied = CopyFileW(whole.c_str(), target.c_str(), FALSE) != FALSE;
+    const DWORD error = GetLastError();
+    if (copied || !MayHaveTouched(error)) {
+        DeleteFileW(whole.c_str());
+    }
+    SetLastError(error);
+    return copied;
+}
+
+void ForgetSystemError() {
+    SetLastError(ERROR_SUCCESS);
+}
+
+}  // namespace platen::tiff
