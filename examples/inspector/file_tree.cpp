@@ -81,8 +81,8 @@ FileTree::FileTree(QWidget* parent) : QTreeWidget(parent) {
     setUniformRowHeights(true);
     header()->setStretchLastSection(true);
     header()->setSectionResizeMode(Name, QHeaderView::Interactive);
-    header()->resizeSection(Name, 150);
-    header()->resizeSection(Class, 52);
+    header()->resizeSection(Name, 160);
+    header()->resizeSection(Class, 46);
     connect(this, &QTreeWidget::currentItemChanged, this, &FileTree::Chosen);
 }
 

@@ -59,7 +59,7 @@ void MainWindow::BuildPanes() {
     panes->addWidget(m_image);
     panes->addWidget(m_pages);
     panes->setStretchFactor(1, 1);
-    panes->setSizes({290, 500, 490});
+    panes->setSizes({320, 480, 480});
     setCentralWidget(panes);
     m_pixel->setMinimumWidth(fontMetrics().horizontalAdvance("00000, 00000:  RGB 255 255 255"));
     m_zoom->setMinimumWidth(fontMetrics().horizontalAdvance("6400 %"));

@@ -167,16 +167,16 @@ const std::uint16_t* ColorTableOf(const Tiff& tiff, short dir) {
     return own != nullptr ? own : tableAt(tiff.GetXKIFDDir());
 }
 
-/// Samples below the first bound are black, those from the last bound on white.
+/// Samples below the first bound are black, those above the last one white.
 Lookup StepLookup(const ImageLayout& layout, const std::uint16_t* table) {
     Lookup lookup(std::size_t{1} << layout.bits);
     for (std::size_t sample = 0; sample < lookup.size(); ++sample) {
-        const auto bounds = std::count_if(table, table + kSteps + 1,
-                                          [sample](auto bound) { return bound <= sample; });
-        const bool inside = bounds > 0 && bounds <= static_cast<long>(kSteps);
-        const std::uint32_t outside = bounds == 0 ? Color(0, 0, 0) : Color(255, 255, 255);
-        lookup[sample] =
-            inside ? kOpaque | kStepColors[static_cast<std::size_t>(bounds - 1)] : outside;
+        const auto bounds = static_cast<std::size_t>(
+            std::count_if(table, table + kSteps, [sample](auto bound) { return bound <= sample; }));
+        const bool above = sample > table[kSteps];
+        lookup[sample] = above         ? Color(255, 255, 255)
+                         : bounds == 0 ? Color(0, 0, 0)
+                                       : kOpaque | kStepColors[bounds - 1];
     }
     return lookup;
 }

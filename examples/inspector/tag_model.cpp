@@ -12,6 +12,13 @@ namespace {
 constexpr std::size_t kNumbersShown = 24;
 constexpr std::size_t kNumbersEdited = 4096;
 
+/// Between text and background, still well readable.
+QColor FixedValueColor() {
+    QColor color = QApplication::palette().color(QPalette::Text);
+    color.setAlphaF(0.55F);
+    return color;
+}
+
 }  // namespace
 
 void TagModel::SetDirectory(Document* document, short dir) {
@@ -94,7 +101,6 @@ QVariant TagModel::data(const QModelIndex& index, int role) const {
         return {};
     }
     const TagEntry& tag = At(index.row());
-    const QPalette palette = QApplication::palette();
     switch (role) {
         case Qt::DisplayRole:
             return TextAt(tag, index.column());
@@ -114,7 +120,7 @@ QVariant TagModel::data(const QModelIndex& index, int role) const {
                 return QColor(Qt::black);
             }
             return index.column() == Value && !IsEditable(tag.entry.Tag)
-                       ? palette.color(QPalette::Disabled, QPalette::Text)
+                       ? QVariant(FixedValueColor())
                        : QVariant();
         default:
             return {};

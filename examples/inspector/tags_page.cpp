@@ -11,6 +11,8 @@
 namespace inspector {
 namespace {
 
+constexpr int kRowSpace = 8;  ///< pixels
+
 /// Tags whose values are codes are chosen from a list.
 class ValueDelegate : public QStyledItemDelegate {
   public:
@@ -62,6 +64,7 @@ TagsPage::TagsPage(QWidget* parent)
     m_table->setWordWrap(false);
     m_table->setFrameShape(QFrame::NoFrame);
     m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowSpace);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setHighlightSections(false);
     m_problem->setWordWrap(true);
