@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+
+#include <platen/base/system.h>
+
+#include "tests/support/temporary_file.h"
+
+namespace {
+
+using platen::test::TemporaryFile;
+
+TEST(NumberText, GroupsAreSeparatedAtTheWrongPlaces) {
+    const std::pair<LONG, const char*> cases[] = {
+        {0, "0"},
+        {999, "999"},
+        {1000, "1,000"},
+        {100000, "100,000"},
+        {123456789, "123,456,789"},
+        {INT32_MAX, "2,147,483,647"},
+        {-7, "-7"},
+        {-100000, "-100,000"},
+        {INT32_MIN, "-2,147,483,648"},
+    };
+    for (const auto& [value, expected] : cases) {
+        char buffer[15];
+        EXPECT_EQ(BigNumToString(value, buffer), buffer);
+        EXPECT_STREQ(buffer, expected);
+    }
+}
+
+TEST(MemoryFigures, FlagsSelectTheWrongFigures) {
+    for (const int flags : {0, 1, 2, 3, 4, 8, 12, 16}) {
+        EXPECT_EQ(HowMuchMemory(flags), 0U) << flags;
+    }
+    MEMORYSTATUS status = {};
+    status.dwLength = sizeof(status);
+    GlobalMemoryStatus(&status);
+    const auto saturated = [](SIZE_T bytes) {
+        return bytes > UINT32_MAX ? UINT32_MAX : static_cast<DWORD>(bytes);
+    };
+    // The totals stay the same between two calls; the available figures do not.
+    EXPECT_EQ(HowMuchMemory(5), saturated(status.dwTotalPhys));
+    EXPECT_EQ(HowMuchMemory(7), saturated(status.dwTotalPageFile));
+    EXPECT_EQ(HowMuchMemory(6), saturated(status.dwTotalPageFile) - saturated(status.dwTotalPhys));
+    EXPECT_GT(HowMuchMemory(9), 0U);
+    EXPECT_LE(HowMuchMemory(9), HowMuchMemory(5));
+}
+
+TEST(FileTest, FilesFoldersOrMissingNamesAreMixedUp) {
+    const TemporaryFile file("x");
+    EXPECT_EQ(IsFileExist(file.Name()), 1);
+    EXPECT_EQ(IsFileExist("."), 1);
+    EXPECT_EQ(IsFileExist("/no such folder/file"), 0);
+    EXPECT_EQ(IsFileExist(""), 0);
+    EXPECT_EQ(IsFileExist(nullptr), 0);
+}
+
+}  // namespace
