@@ -1,0 +1,20 @@
+#pragma once
+
+#include "examples/progress/long_job.h"
+
+namespace example {
+
+/// Which of the library's two progress displays a run uses.
+enum class Display { Window, StatusBar };
+
+/// What a run does by itself, at a whole percentage (-1: never): so that a script can look at a
+/// display, or stop a run without a person.
+struct Script {
+    int holdAt = -1;    ///< goes on reporting and pumping, but computes no more
+    int escapeAt = -1;  ///< presses Escape
+};
+
+/// Computes the whole job. False when the user stopped it.
+bool Run(LongJob& job, Display display, const Script& script);
+
+}  // namespace example
