@@ -17,6 +17,10 @@ target_compile_options(platen_compile INTERFACE
     -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 # File offsets of 64 bits on 32-bit machines too, so that large files open there.
 target_compile_definitions(platen_compile INTERFACE _FILE_OFFSET_BITS=64)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86")
+    # Each step of an arithmetic in double is rounded to double, as on 64-bit machines.
+    target_compile_options(platen_compile INTERFACE -msse2 -mfpmath=sse)
+endif()
 
 if(PLATEN_SANITIZE)
     add_compile_options(-fsanitize=${PLATEN_SANITIZE} -fno-sanitize-recover=all

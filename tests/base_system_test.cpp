@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include <platen/base/system.h>
+#include <platen/progress/percent.h>
 
 #include "tests/support/temporary_file.h"
 
@@ -46,6 +47,12 @@ TEST(MemoryFigures, FlagsSelectTheWrongFigures) {
     EXPECT_EQ(HowMuchMemory(6), saturated(status.dwTotalPageFile) - saturated(status.dwTotalPhys));
     EXPECT_GT(HowMuchMemory(9), 0U);
     EXPECT_LE(HowMuchMemory(9), HowMuchMemory(5));
+}
+
+TEST(Percentage, A32BitMachineRoundsOtherwise) {
+    for (const auto& [done, whole] : {std::pair{29U, 28}, {57U, 56}, {58U, 57}, {50U, 50}}) {
+        EXPECT_EQ(platen::WholePercent(platen::PercentOf(done, 100)), whole);
+    }
 }
 
 TEST(FileTest, FilesFoldersOrMissingNamesAreMixedUp) {

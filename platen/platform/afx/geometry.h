@@ -27,7 +27,12 @@ struct CSize : SIZE {
 /// Right and bottom lie just outside.
 struct CRect : RECT {
     constexpr CRect() : RECT{0, 0, 0, 0} {}
-    constexpr CRect(int l, int t, int r, int b) : RECT{l, t, r, b} {}
+    constexpr CRect(int leftEdge, int topEdge, int rightEdge, int bottomEdge) : RECT{} {
+        left = leftEdge;
+        top = topEdge;
+        right = rightEdge;
+        bottom = bottomEdge;
+    }
     constexpr CRect(const RECT& rect) : RECT(rect) {}  // NOLINT(google-explicit-constructor)
 
     [[nodiscard]] constexpr int Width() const { return right - left; }
