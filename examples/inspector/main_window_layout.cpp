@@ -17,6 +17,7 @@ QPlainTextEdit* NewTextPage() {
     auto* page = new QPlainTextEdit;
     page->setReadOnly(true);
     page->setAcceptDrops(false);
+    page->document()->setDocumentMargin(8);
     page->setFrameShape(QFrame::NoFrame);
     page->setLineWrapMode(QPlainTextEdit::NoWrap);
     page->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -35,7 +36,7 @@ MainWindow::MainWindow()
       m_pixel(new QLabel),
       m_zoom(new QLabel) {
     setAcceptDrops(true);
-    resize(1280, 780);
+    resize(1360, 820);
     BuildPanes();
     BuildFileActions();
     BuildViewActions();
@@ -59,7 +60,7 @@ void MainWindow::BuildPanes() {
     panes->addWidget(m_image);
     panes->addWidget(m_pages);
     panes->setStretchFactor(1, 1);
-    panes->setSizes({320, 480, 480});
+    panes->setSizes({300, 560, 500});
     setCentralWidget(panes);
     m_pixel->setMinimumWidth(fontMetrics().horizontalAdvance("00000, 00000:  RGB 255 255 255"));
     m_zoom->setMinimumWidth(fontMetrics().horizontalAdvance("6400 %"));

@@ -86,7 +86,7 @@ QString TagModel::TextAt(const TagEntry& tag, int column) const {
 
 QString TagModel::HintAt(const TagEntry& tag) const {
     if (tag.changed) {
-        return tr("Changed. Save a copy to keep it.");
+        return tr("Differs from the file. Save a copy to keep it.");
     }
     if (IsEditable(tag.entry.Tag)) {
         return tr("Double-click the value to change it.");
@@ -110,7 +110,7 @@ QVariant TagModel::data(const QModelIndex& index, int role) const {
             return HintAt(tag);
         case Qt::FontRole: {
             QFont font;
-            font.setBold(tag.changed);
+            font.setBold(tag.changed && index.column() == Value);
             return font;
         }
         case Qt::BackgroundRole:
