@@ -3,6 +3,7 @@
 /// The framework classes, written once over the Win32 names of <platen/platform/win32.h>.
 #include <platen/platform/afx/application.h>
 #include <platen/platform/afx/cmd_target.h>
+#include <platen/platform/afx/common_dialogs.h>
 #include <platen/platform/afx/dc.h>
 #include <platen/platform/afx/dialog.h>
 #include <platen/platform/afx/dialog_template.h>

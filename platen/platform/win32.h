@@ -10,12 +10,16 @@
 #define WIN32_LEAN_AND_MEAN
 #endif
 #include <windows.h>
-// Behind <windows.h>, which it needs.
+// Behind <windows.h>, which they need.
+#include <cderr.h>
 #include <commctrl.h>
+#include <commdlg.h>
 #else
+#include <platen/platform/win32/common_dialogs.h>
 #include <platen/platform/win32/dialog.h>
 #include <platen/platform/win32/files.h>
 #include <platen/platform/win32/gdi.h>
+#include <platen/platform/win32/logical_font.h>
 #include <platen/platform/win32/memory.h>
 #include <platen/platform/win32/message.h>
 #include <platen/platform/win32/resource.h>

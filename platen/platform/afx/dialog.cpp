@@ -59,7 +59,7 @@ int CDialog::DoModal() {
         return -1;
     }
     return static_cast<int>(::DialogBoxIndirectParam(::GetModuleHandle(nullptr), dialogTemplate,
-                                                     ParentOrMainWindow(m_parent), &DialogProcedure,
+                                                     Owner(), &DialogProcedure,
                                                      reinterpret_cast<LPARAM>(this)));
 }
 
@@ -81,6 +81,10 @@ BOOL CDialog::CreateIndirect(const DLGTEMPLATE* dialogTemplate, CWnd* parent) {
                                            reinterpret_cast<LPARAM>(this));
     });
     return window != nullptr ? TRUE : FALSE;
+}
+
+HWND CDialog::Owner() const {
+    return ParentOrMainWindow(m_parent);
 }
 
 void CDialog::EndDialog(int result) {

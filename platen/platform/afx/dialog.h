@@ -42,6 +42,10 @@ class PLATEN_API CDialog : public CWnd {
     /// Ends the dialog with IDCANCEL. A modeless dialog overrides it.
     virtual void OnCancel();
 
+    /// The window that is disabled while the dialog is modal: the parent's or, without one, the
+    /// application's main window; null when there is neither.
+    [[nodiscard]] HWND Owner() const;
+
     DECLARE_MESSAGE_MAP()
 
   private:
