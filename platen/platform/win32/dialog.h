@@ -76,9 +76,6 @@ PLATEN_API BOOL EndDialog(HWND dialog, INT_PTR result);
 PLATEN_API BOOL IsDialogMessage(HWND dialog, LPMSG message);
 /// What a dialog does with the messages that its procedure leaves alone.
 PLATEN_API LRESULT DefDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
-/// The next item that Tab stops at; from the first one when `item` is null.
-PLATEN_API HWND GetNextDlgTabItem(HWND dialog, HWND item, BOOL previous);
-PLATEN_API BOOL MapDialogRect(HWND dialog, LPRECT rectangle);
 PLATEN_API BOOL SetDlgItemText(HWND dialog, int identifier, LPCSTR text);
 PLATEN_API UINT GetDlgItemText(HWND dialog, int identifier, LPSTR text, int capacity);
 }

@@ -49,8 +49,6 @@ PLATEN_API BOOL DeleteObject(HGDIOBJ object);
 
 /// Marks a part of the client area, or all of it, as invalid; a null window marks all windows.
 PLATEN_API BOOL InvalidateRect(HWND window, const RECT* rectangle, BOOL erase);
-/// Takes the mark back.
-PLATEN_API BOOL ValidateRect(HWND window, const RECT* rectangle);
 /// Starts painting what is invalid, which is valid from then on; asks the window to erase with
 /// WM_ERASEBKGND when needed. 0 when the handle names no window.
 PLATEN_API HDC BeginPaint(HWND window, LPPAINTSTRUCT paint);

@@ -120,7 +120,7 @@ struct MSG {
     WPARAM wParam;
     LPARAM lParam;
     DWORD time;  ///< milliseconds
-    POINT pt;    ///< the mouse, on the screen
+    POINT pt;    ///< where on the screen one of this library's windows last saw the mouse
 };
 using LPMSG = MSG*;
 

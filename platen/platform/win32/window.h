@@ -19,7 +19,7 @@
 ///
 /// A child dies with its parent, an owned pop-up with its owner. DestroyWindow sends WM_DESTROY to
 /// owned windows first, then to the window, then to its children; WM_NCDESTROY comes from the
-/// innermost outwards. When Qt deletes the widgets itself, children are told before parents.
+/// innermost outwards. It is the same when Qt or a host deletes the widget.
 ///
 /// Known gaps: of a window with a caption the frame belongs to the desktop's window manager and
 /// does not count in GetWindowRect and AdjustWindowRectEx; other windows have a frame of one pixel
@@ -177,8 +177,8 @@ using LPMONITORINFO = MONITORINFO*;
 extern "C" {
 /// Makes a class known by its name, in any case of letters; 0 when the name is missing or taken.
 PLATEN_API ATOM RegisterClass(const WNDCLASS* description);
-/// The class's description; FALSE for one that is not known. The instance is not looked at.
-PLATEN_API BOOL GetClassInfo(HINSTANCE instance, LPCSTR className, WNDCLASS* description);
+/// Nothing to do: the ready-made classes are always there.
+PLATEN_API void InitCommonControls();
 /// The window's class; the number of characters, cut to fit `capacity` with its terminating zero.
 PLATEN_API int GetClassName(HWND window, LPSTR text, int capacity);
 
@@ -217,9 +217,6 @@ PLATEN_API BOOL GetClientRect(HWND window, LPRECT rectangle);
 PLATEN_API BOOL AdjustWindowRectEx(LPRECT rectangle, DWORD style, BOOL menu, DWORD exStyle);
 PLATEN_API BOOL ClientToScreen(HWND window, LPPOINT point);
 PLATEN_API BOOL ScreenToClient(HWND window, LPPOINT point);
-/// From the window that the first handle names to the second's client area, null being the screen.
-/// What is added to x, in the low word, and to y.
-PLATEN_API int MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count);
 
 /// A child's parent, or a pop-up's owner; 0 for others.
 PLATEN_API HWND GetParent(HWND window);

@@ -1,0 +1,126 @@
+#include <QWindow>
+
+#include <platen/platform/win32/message.h>
+#include <platen/platform/win32/qt/activation.h>
+#include <platen/platform/win32/qt/desktop.h>
+#include <platen/platform/win32/qt/painting.h>
+#include <platen/platform/win32/qt/pump.h>
+#include <platen/platform/win32/qt/window_record.h>
+
+namespace platen::win32 {
+namespace {
+
+bool IsExposed(const void* handle) {
+    const Window* const window = Find(static_cast<HWND>(const_cast<void*>(handle)));
+    const QWindow* const native =
+        window == nullptr || !window->widget ? nullptr : window->widget->windowHandle();
+    return native == nullptr || native->isExposed();
+}
+
+/// A window's place beside its siblings is settled by now: its children are shown with it.
+void InvalidateShown(HWND handle) {
+    const Window* const window = Find(handle);
+    if (window == nullptr || !IsShown(handle)) {
+        return;
+    }
+    InvalidateRect(handle, nullptr, TRUE);
+    for (const HWND child : ChildrenOf(handle)) {
+        InvalidateShown(child);
+    }
+}
+
+void Show(HWND handle, bool activate) {
+    Window* const window = Find(handle);
+    QWidget& widget = *window->widget;
+    const bool isTopLevel = !window->IsChild();
+    window->style |= WS_VISIBLE;
+    widget.setAttribute(Qt::WA_ShowWithoutActivating, !activate);
+    widget.show();
+    if (isTopLevel && activate) {
+        Activate(handle);
+    }
+    TellPlace(handle);
+    InvalidateShown(handle);
+    if (isTopLevel) {
+        WaitUntil(&IsExposed, handle);
+    }
+}
+
+void Hide(HWND handle) {
+    Window* const window = Find(handle);
+    window->style &= ~WS_VISIBLE;
+    LeaveWindow(handle);
+    if (const Window* const left = Find(handle); left != nullptr && left->widget) {
+        DropInvalid(handle);
+        left->widget->hide();
+    }
+}
+
+/// Outermost windows first.
+void PaintInvalid(HWND handle) {
+    const Window* const window = Find(handle);
+    if (window == nullptr) {
+        return;
+    }
+    if (!window->invalid.isEmpty() && IsShown(handle)) {
+        SendMessage(handle, WM_PAINT, 0, 0);
+    }
+    for (const HWND child : ChildrenOf(handle)) {
+        PaintInvalid(child);
+    }
+}
+
+}  // namespace
+}  // namespace platen::win32
+
+using namespace platen::win32;
+
+BOOL IsWindowVisible(HWND window) {
+    return IsShown(window) ? TRUE : FALSE;
+}
+
+BOOL ShowWindow(HWND handle, int how) {
+    const Window* const window = Find(handle);
+    if (window == nullptr || !window->widget) {
+        return FALSE;
+    }
+    const bool wasShown = IsShownInParent(*window);
+    const bool show = how != SW_HIDE;
+    if (wasShown != show) {
+        SendMessage(handle, WM_SHOWWINDOW, show ? TRUE : FALSE, 0);
+    }
+    if (IsWindow(handle) != 0 && !show && wasShown) {
+        Hide(handle);
+    } else if (IsWindow(handle) != 0 && show && !wasShown) {
+        Show(handle, how != SW_SHOWNOACTIVATE);
+    } else if (show && how != SW_SHOWNOACTIVATE && !window->IsChild()) {
+        Activate(handle);
+    }
+    NoteWork();
+    return wasShown ? TRUE : FALSE;
+}
+
+BOOL UpdateWindow(HWND handle) {
+    if (Find(handle) == nullptr) {
+        return FALSE;
+    }
+    PaintInvalid(handle);
+    if (const Window* const window = Find(handle); window != nullptr && window->widget) {
+        window->widget->repaint();
+    }
+    NoteWork();
+    return TRUE;
+}
+
+BOOL BringWindowToTop(HWND handle) {
+    const Window* const window = Find(handle);
+    if (window == nullptr || !window->widget) {
+        return FALSE;
+    }
+    MoveToFront(handle);
+    Raise(*window->widget);
+    if (!window->IsChild() && IsShown(handle)) {
+        Activate(handle);
+    }
+    return TRUE;
+}
