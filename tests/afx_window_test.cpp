@@ -214,7 +214,7 @@ class ModelessDialog : public CDialog {
 
 TEST(Dialogs, KeysDoNotReachAModelessDialogInAFrame) {
     Host host;
-    CFrameWnd frame;
+    CMiniFrameWnd frame;
     ASSERT_TRUE(frame.Create(nullptr, "", WS_POPUP, kPlace, &host.window, 0));
     CDialogTemplate inside(WS_CHILD | WS_VISIBLE, {0, 0, 100, 50}, "");
     inside.Add("EDIT", "", 20, WS_TABSTOP, {5, 5, 60, 12});

@@ -30,7 +30,7 @@ TEST(Report, ALongMessageIsNotCutOrAShortOneKeepsARest) {
     EXPECT_EQ(CORE_GetReportMessage(), std::string(255, 'x'));
     CORE_SetReportMessage("short");
     EXPECT_STREQ(CORE_GetReportMessage(), "short");
-    CORE_SetReportMessage("");
+    CORE_SetReportMessage(nullptr);
     EXPECT_STREQ(CORE_GetReportMessage(), "");
 }
 

@@ -26,7 +26,7 @@ int CORE_EnableReportCallBack(int enable) {
 }
 
 void CORE_SetReportMessage(const char* text) {
-    std::strncpy(g_message.data(), text, g_message.size() - 1);
+    std::strncpy(g_message.data(), text == nullptr ? "" : text, g_message.size() - 1);
 }
 
 const char* CORE_GetReportMessage() {

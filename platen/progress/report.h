@@ -14,7 +14,7 @@ using CORE_ReportCallBack = void (*)();
 
 /// Switches the callbacks' getters on (not 0) or off; the switch as it was before.
 PLATEN_API int CORE_EnableReportCallBack(int enable);
-/// Keeps the text's first 255 characters. The text must not be null.
+/// Keeps the text's first 255 characters; null counts as empty.
 PLATEN_API void CORE_SetReportMessage(const char* text);
 /// The text kept, at first empty. It stays where it is and changes with the next one set.
 PLATEN_API const char* CORE_GetReportMessage();

@@ -4,7 +4,7 @@
 IMPLEMENT_DYNCREATE(CFrameWnd, CWnd)
 IMPLEMENT_DYNCREATE(CMiniFrameWnd, CFrameWnd)
 
-BEGIN_MESSAGE_MAP(CFrameWnd, CWnd)
+BEGIN_MESSAGE_MAP(CMiniFrameWnd, CFrameWnd)
 ON_WM_SETFOCUS()
 END_MESSAGE_MAP()
 
@@ -24,11 +24,11 @@ void CFrameWnd::OnSize(UINT type, int width, int height) {
     CWnd::OnSize(type, width, height);
 }
 
-void CFrameWnd::OnSetFocus(CWnd* oldWindow) {
+void CMiniFrameWnd::OnSetFocus(CWnd* oldWindow) {
     const HWND inside = ::GetWindow(m_hWnd, GW_CHILD);
     if (inside != nullptr) {
         ::SetFocus(inside);
     } else {
-        CWnd::OnSetFocus(oldWindow);
+        CFrameWnd::OnSetFocus(oldWindow);
     }
 }

@@ -22,16 +22,18 @@ class PLATEN_API CFrameWnd : public CWnd {
     afx_msg int OnCreate(LPCREATESTRUCT creation);
     afx_msg void OnDestroy();
     afx_msg void OnSize(UINT type, int width, int height);
-    /// Hands the focus on to the first window inside, so that its keys work at once.
-    afx_msg void OnSetFocus(CWnd* oldWindow);
-
-    DECLARE_MESSAGE_MAP()
 };
 
-/// A small frame, usually a pop-up owned by the main window.
+/// A small frame, usually a pop-up owned by the main window, around one window.
 class PLATEN_API CMiniFrameWnd : public CFrameWnd {
     DECLARE_DYNCREATE(CMiniFrameWnd)
 
   public:
     CMiniFrameWnd() = default;
+
+  protected:
+    /// Hands the focus on to the window inside, so that its keys work at once.
+    afx_msg void OnSetFocus(CWnd* oldWindow);
+
+    DECLARE_MESSAGE_MAP()
 };

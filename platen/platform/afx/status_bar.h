@@ -11,7 +11,8 @@ class PLATEN_API CStatusBar : public CWnd {
     CStatusBar() = default;
 
     using CWnd::Create;
-    /// A bar with one pane, at the foot of the parent.
+    /// A bar with one pane, at the foot of the parent. The parent sends its WM_SIZE on to the bar,
+    /// which takes its place and width from that.
     BOOL Create(CWnd* parent, DWORD style = WS_CHILD | WS_VISIBLE, UINT identifier = 0xE801);
     /// Divides the bar: each pane's right edge, in pixels from the bar's left; -1 is its end.
     BOOL SetPaneEdges(const int* edges, int count);
