@@ -144,6 +144,7 @@ short FileTree::CurrentDirectory() const {
 
 std::vector<Document*> FileTree::Documents() const {
     std::vector<Document*> documents;
+    documents.reserve(static_cast<std::size_t>(topLevelItemCount()));
     for (int i = 0; i < topLevelItemCount(); ++i) {
         documents.push_back(static_cast<const FileItem*>(topLevelItem(i))->document.get());
     }

@@ -98,7 +98,7 @@ QIcon SignIcon(Sign sign) {
             break;
     }
     painter.end();
-    return QIcon(pixmap);
+    return pixmap;
 }
 
 }  // namespace inspector

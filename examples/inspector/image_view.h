@@ -23,7 +23,6 @@ class ImageView : public QGraphicsView {
     [[nodiscard]] bool HasPicture() const { return !m_item->pixmap().isNull(); }
     [[nodiscard]] QPixmap Shown() const { return m_item->pixmap(); }
 
-  public slots:
     /// The whole picture, also while the window's size changes.
     void Fit();
     /// One pixel of the image to one of the screen.

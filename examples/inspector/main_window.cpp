@@ -178,7 +178,7 @@ void MainWindow::ShowChosen() {
 void MainWindow::ShowPicture() {
     Document* document = m_tree->Current();
     const short dir = m_tree->CurrentDirectory();
-    if (dir < 0) {
+    if (document == nullptr || dir < 0) {
         m_image->SetNothing(tr("Open TIFF files, or drop them here."));
         return;
     }
@@ -189,7 +189,7 @@ void MainWindow::ShowPicture() {
 void MainWindow::ShowTexts() {
     Document* document = m_tree->Current();
     const short dir = m_tree->CurrentDirectory();
-    if (dir < 0) {
+    if (document == nullptr || dir < 0) {
         m_report->clear();
         m_listing->clear();
     } else if (m_pages->currentWidget() == m_report && m_reported != document) {
@@ -218,7 +218,8 @@ void MainWindow::EnableActions() {
     for (QAction* action : m_needPicture) {
         action->setEnabled(m_image->HasPicture());
     }
-    m_colorTable->setEnabled(m_image->HasPicture() && dir >= 0 && document->HasColorTable(dir));
+    m_colorTable->setEnabled(m_image->HasPicture() && document != nullptr && dir >= 0 &&
+                             document->HasColorTable(dir));
 }
 
 void MainWindow::ShowTitle() {

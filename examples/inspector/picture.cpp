@@ -109,7 +109,7 @@ class RowReader {
             return static_cast<std::uint16_t>(m_bigEndian ? first << 8 | second
                                                           : second << 8 | first);
         }
-        const unsigned inByte = static_cast<unsigned>(index * bits % 8);
+        const auto inByte = static_cast<unsigned>(index * bits % 8);
         const unsigned byte = m_bytes[index * bits / 8];
         const unsigned shift = m_layout.lowBitFirst ? inByte : 8 - bits - inByte;
         return static_cast<std::uint16_t>(byte >> shift & ((1U << bits) - 1));

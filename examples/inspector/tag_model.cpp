@@ -49,7 +49,7 @@ int TagModel::columnCount(const QModelIndex& parent) const {
 QVariant TagModel::headerData(int section, Qt::Orientation orientation, int role) const {
     const char* titles[kColumns] = {"Tag", "Name", "Type", "Count", "Value"};
     if (role == Qt::TextAlignmentRole) {
-        return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+        return {Qt::AlignLeft | Qt::AlignVCenter};
     }
     return role == Qt::DisplayRole && orientation == Qt::Horizontal ? tr(titles[section])
                                                                     : QVariant();
