@@ -26,9 +26,12 @@ CFontDialog::CFontDialog(LOGFONT* initial, DWORD flags, CDC* printer, CWnd* pare
 int CFontDialog::DoModal() {
     m_cf.hwndOwner = Owner();
     Follow(m_cf.lpfnHook, m_cf.Flags, CF_ENABLEHOOK);
+    const LOGFONT before = *m_cf.lpLogFont;
     const BOOL chosen = ::ChooseFont(&m_cf);
     Unfollow();
     if (chosen == FALSE) {
+        // Not every system leaves it alone.
+        *m_cf.lpLogFont = before;
         return IDCANCEL;
     }
     m_lf = *m_cf.lpLogFont;

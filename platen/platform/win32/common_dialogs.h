@@ -27,6 +27,7 @@ using LPSETUPHOOKPROC = LPCDLGHOOKPROC;
 inline constexpr DWORD OFN_READONLY = 0x00000001;
 inline constexpr DWORD OFN_OVERWRITEPROMPT = 0x00000002;  ///< asks before a file is replaced
 inline constexpr DWORD OFN_HIDEREADONLY = 0x00000004;     ///< always: there is no such box here
+inline constexpr DWORD OFN_NOCHANGEDIR = 0x00000008;      ///< always
 inline constexpr DWORD OFN_ENABLEHOOK = 0x00000020;
 inline constexpr DWORD OFN_ALLOWMULTISELECT = 0x00000200;
 inline constexpr DWORD OFN_PATHMUSTEXIST = 0x00000800;
