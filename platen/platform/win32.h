@@ -16,10 +16,13 @@
 #include <commdlg.h>
 #else
 #include <platen/platform/win32/common_dialogs.h>
+#include <platen/platform/win32/device.h>
 #include <platen/platform/win32/dialog.h>
 #include <platen/platform/win32/files.h>
+#include <platen/platform/win32/font.h>
 #include <platen/platform/win32/gdi.h>
 #include <platen/platform/win32/logical_font.h>
+#include <platen/platform/win32/mapping.h>
 #include <platen/platform/win32/memory.h>
 #include <platen/platform/win32/message.h>
 #include <platen/platform/win32/resource.h>

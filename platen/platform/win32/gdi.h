@@ -8,8 +8,9 @@
 /// Contract: a window that is drawn into keeps its picture, which covers what Qt shows there until
 /// the place is erased. BeginPaint clips to what is invalid, GetDC to the client area. Drawing
 /// shows at EndPaint or ReleaseDC. A window's picture is as large as its client area in
-/// device-independent pixels. Known gaps: a memory device context has no bitmap but its own of one
-/// pixel; every raster operation but PATCOPY, BLACKNESS and WHITENESS draws nothing.
+/// device-independent pixels. Known gaps: a memory device context has a bitmap of one pixel until
+/// another one is selected; every raster operation but PATCOPY, BLACKNESS and WHITENESS draws
+/// nothing.
 
 inline constexpr int WHITE_BRUSH = 0;
 inline constexpr int LTGRAY_BRUSH = 1;
@@ -42,7 +43,8 @@ using LPPAINTSTRUCT = PAINTSTRUCT*;
 extern "C" {
 /// One of the constants above; 0 for others. Lives for ever.
 PLATEN_API HGDIOBJ GetStockObject(int index);
-/// Answers the object of the same kind that was selected; 0 on failure.
+/// Answers the object of the same kind that was selected; 0 on failure. A font may be deleted while
+/// it is selected, a bitmap not.
 PLATEN_API HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
 /// Stock objects stay.
 PLATEN_API BOOL DeleteObject(HGDIOBJ object);

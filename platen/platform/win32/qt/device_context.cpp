@@ -1,13 +1,9 @@
 #include <platen/platform/win32/qt/device_context.h>
 
-#include <QApplication>
-#include <QPainter>
-#include <QPalette>
-#include <array>
+#include <string_view>
 
-#include <platen/platform/win32/qt/desktop.h>
+#include <platen/platform/win32/device.h>
 #include <platen/platform/win32/qt/handle_table.h>
-#include <platen/platform/win32/window.h>
 
 namespace platen::win32 {
 namespace {
@@ -17,103 +13,116 @@ HandleTable<HDC, DeviceContext>& Contexts() {
     return *contexts;
 }
 
-/// Stock objects are their numbers, out of the way of system colours and of null.
-constexpr std::intptr_t kStock = 0x100;
-constexpr int kStockObjects = DEFAULT_GUI_FONT + 1;
-
-HGDIOBJ StockObject(int index) {
-    return reinterpret_cast<HGDIOBJ>(kStock + index);
-}
-
-/// The number of a stock object, or -1.
-int StockIndex(HGDIOBJ object) {
-    const auto index = reinterpret_cast<std::intptr_t>(object) - kStock;
-    return index >= 0 && index < kStockObjects ? static_cast<int>(index) : -1;
-}
-
-/// Invalid for NULL_BRUSH.
-QColor StockBrushColor(int index) {
-    static constexpr std::array<QRgb, 5> kColors = {0xFFFFFFFF, 0xFFC0C0C0, 0xFF808080, 0xFF404040,
-                                                    0xFF000000};
-    const auto place = static_cast<std::size_t>(index);
-    return place < kColors.size() ? QColor::fromRgba(kColors[place]) : QColor();
-}
-
-COLORREF ColorRef(const QColor& color) {
-    return RGB(color.red(), color.green(), color.blue());
-}
-
-void Fill(DeviceContext& context, const QRegion& region, const QColor& color) {
-    QImage* const image = ImageOf(context);
-    const QRegion clipped = region & context.clip;
-    if (image == nullptr || clipped.isEmpty()) {
-        return;
+int Capability(const DeviceFigures& figures, int index) {
+    switch (index) {
+        case TECHNOLOGY:
+            return figures.technology;
+        case HORZSIZE:
+            return figures.area.millimetres.cx;
+        case VERTSIZE:
+            return figures.area.millimetres.cy;
+        case HORZRES:
+            return figures.area.pixels.cx;
+        case VERTRES:
+            return figures.area.pixels.cy;
+        case BITSPIXEL:
+            return 32;
+        case PLANES:
+            return 1;
+        case LOGPIXELSX:
+            return figures.perInch.cx;
+        case LOGPIXELSY:
+            return figures.perInch.cy;
+        case PHYSICALWIDTH:
+            return figures.sheet.cx;
+        case PHYSICALHEIGHT:
+            return figures.sheet.cy;
+        case PHYSICALOFFSETX:
+            return figures.margin.x;
+        case PHYSICALOFFSETY:
+            return figures.margin.y;
+        default:
+            return 0;
     }
-    QPainter painter(image);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    for (const QRect& part : clipped) {
-        painter.fillRect(part, color);
+}
+
+/// A bitmap is lent to one memory context at a time; null is the context's own.
+bool SelectBitmap(HDC handle, DeviceContext& context, HGDIOBJ bitmap) {
+    GraphicsObject* const chosen = FindGraphicsObject(bitmap);
+    const bool isLent = chosen != nullptr && chosen->holder != nullptr && chosen->holder != handle;
+    if (!context.IsMemory() || isLent) {
+        return false;
     }
-    context.drawn += clipped;
+    if (GraphicsObject* const before = FindGraphicsObject(context.bitmap)) {
+        before->holder = nullptr;
+    }
+    if (chosen != nullptr) {
+        chosen->holder = handle;
+    }
+    context.bitmap = bitmap;
+    context.clip = context.MemoryImage()->rect();
+    return true;
 }
 
 }  // namespace
 
-HDC NewContext(HWND window, const QRegion& clip) {
-    auto context = std::make_unique<DeviceContext>();
-    context->window = window;
-    context->clip = clip;
-    context->brush = StockObject(WHITE_BRUSH);
-    context->pen = StockObject(BLACK_PEN);
-    context->font = StockObject(SYSTEM_FONT);
+DeviceContext::DeviceContext(const DeviceFigures& device)
+    : figures(device), clip(QRect(0, 0, device.area.pixels.cx, device.area.pixels.cy)) {
+    mapping = Mapping(device.area);
+}
+
+QImage* DeviceContext::MemoryImage() {
+    GraphicsObject* const selected = FindGraphicsObject(bitmap);
+    if (selected != nullptr) {
+        return &std::get<QImage>(selected->content);
+    }
+    return IsMemory() ? &ownImage : nullptr;
+}
+
+HDC AddContext(std::unique_ptr<DeviceContext> context) {
     return Contexts().Add(std::move(context));
 }
 
+HDC NewContext(HWND window, const QRegion& clip) {
+    auto context = std::make_unique<DeviceContext>(DisplayFigures());
+    context->window = window;
+    context->clip = clip;
+    return AddContext(std::move(context));
+}
+
+DeviceContext* FindContext(HDC context) {
+    return Contexts().Find(context);
+}
+
 std::unique_ptr<DeviceContext> TakeContext(HDC context) {
-    return Contexts().Take(context);
-}
-
-bool FillClip(HDC context, const QColor& color) {
-    DeviceContext* const found = Contexts().Find(context);
-    if (found != nullptr) {
-        Fill(*found, found->clip, color);
+    auto taken = Contexts().Take(context);
+    if (taken != nullptr && taken->bitmap != nullptr) {
+        FindGraphicsObject(taken->bitmap)->holder = nullptr;
     }
-    return found != nullptr;
-}
-
-QColor SystemColor(int index) {
-    const QPalette palette = NeedDesktop() ? QApplication::palette() : QPalette(Qt::lightGray);
-    switch (index) {
-        case COLOR_WINDOW:
-            return palette.color(QPalette::Base);
-        case COLOR_WINDOWTEXT:
-            return palette.color(QPalette::WindowText);
-        case COLOR_BTNFACE:
-            return palette.color(QPalette::Window);
-        default:
-            return Qt::black;
-    }
-}
-
-QColor ColorOfBrush(HBRUSH brush) {
-    const int stock = StockIndex(brush);
-    const auto number = static_cast<int>(reinterpret_cast<std::intptr_t>(brush));
-    return stock >= 0 ? StockBrushColor(stock) : SystemColor(number - 1);
+    return taken;
 }
 
 }  // namespace platen::win32
 
 using namespace platen::win32;
 
-HGDIOBJ GetStockObject(int index) {
-    constexpr int kUnused = 9;
-    return index >= 0 && index < kStockObjects && index != kUnused ? StockObject(index) : nullptr;
-}
-
 HGDIOBJ SelectObject(HDC context, HGDIOBJ object) {
-    DeviceContext* const found = Contexts().Find(context);
+    DeviceContext* const found = FindContext(context);
+    const GraphicsObject* const made = FindGraphicsObject(object);
     const int stock = StockIndex(object);
-    if (found == nullptr || stock < 0) {
+    if (found == nullptr) {
+        return nullptr;
+    }
+    if (made != nullptr && std::holds_alternative<LOGFONT>(made->content)) {
+        found->fontRecord = std::get<LOGFONT>(made->content);
+        return std::exchange(found->font, object);
+    }
+    const HGDIOBJ ownBitmap = StockObject(kOwnBitmap);
+    if (made != nullptr || stock == kOwnBitmap) {
+        const HGDIOBJ before = found->bitmap == nullptr ? ownBitmap : found->bitmap;
+        return SelectBitmap(context, *found, made != nullptr ? object : nullptr) ? before : nullptr;
+    }
+    if (stock < 0) {
         return nullptr;
     }
     if (stock <= NULL_BRUSH) {
@@ -122,55 +131,49 @@ HGDIOBJ SelectObject(HDC context, HGDIOBJ object) {
     return std::exchange(stock <= NULL_PEN ? found->pen : found->font, object);
 }
 
-BOOL DeleteObject(HGDIOBJ object) {
-    return StockIndex(object) >= 0 ? TRUE : FALSE;
+HDC CreateDC(LPCSTR driver, LPCSTR /*device*/, LPCSTR /*output*/, const void* /*settings*/) {
+    const bool isDisplay = driver != nullptr && std::string_view(driver) == "DISPLAY";
+    return isDisplay ? AddContext(std::make_unique<DeviceContext>(DisplayFigures())) : nullptr;
 }
 
 HDC CreateCompatibleDC(HDC /*context*/) {
-    const HDC handle = NewContext(nullptr, QRect(0, 0, 1, 1));
-    QImage& image = Contexts().Find(handle)->ownImage;
-    image = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::black);
-    return handle;
+    auto context = std::make_unique<DeviceContext>(DisplayFigures());
+    context->ownImage = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
+    context->ownImage.fill(Qt::black);
+    context->clip = context->ownImage.rect();
+    return AddContext(std::move(context));
 }
 
 BOOL DeleteDC(HDC context) {
     return TakeContext(context) != nullptr ? TRUE : FALSE;
 }
 
-BOOL PatBlt(HDC context, int x, int y, int width, int height, DWORD operation) {
-    DeviceContext* const found = Contexts().Find(context);
+int GetDeviceCaps(HDC context, int index) {
+    const DeviceContext* const found = FindContext(context);
+    return found == nullptr ? 0 : Capability(found->figures, index);
+}
+
+int SaveDC(HDC context) {
+    DeviceContext* const found = FindContext(context);
+    if (found == nullptr) {
+        return 0;
+    }
+    found->saved.push_back(*found);
+    return static_cast<int>(found->saved.size());
+}
+
+BOOL RestoreDC(HDC context, int depth) {
+    DeviceContext* const found = FindContext(context);
     if (found == nullptr) {
         return FALSE;
     }
-    // A negative extent counts from the other edge.
-    const QRect place = QRect(x, y, width, height).normalized();
-    if (operation == PATCOPY) {
-        const QColor color = StockBrushColor(StockIndex(found->brush));
-        if (color.isValid()) {
-            Fill(*found, place, color);
-        }
-        return TRUE;
+    const int top = static_cast<int>(found->saved.size());
+    const int level = depth < 0 ? top + depth + 1 : depth;
+    if (level < 1 || level > top) {
+        return FALSE;
     }
-    if (operation == BLACKNESS || operation == WHITENESS) {
-        Fill(*found, place, operation == BLACKNESS ? Qt::black : Qt::white);
-        return TRUE;
-    }
-    return FALSE;
-}
-
-COLORREF GetPixel(HDC context, int x, int y) {
-    DeviceContext* const found = Contexts().Find(context);
-    const QImage* const image =
-        found == nullptr || !found->clip.contains(QPoint(x, y)) ? nullptr : ImageOf(*found);
-    if (image == nullptr || !image->valid(x, y)) {
-        return CLR_INVALID;
-    }
-    const QColor color = image->pixelColor(x, y);
-    // Where nothing was drawn, the widget's own background is seen.
-    return ColorRef(color.alpha() == 0 ? SystemColor(COLOR_BTNFACE) : color);
-}
-
-DWORD GetSysColor(int index) {
-    return ColorRef(SystemColor(index));
+    const auto place = static_cast<std::size_t>(level) - 1;
+    static_cast<ContextState&>(*found) = found->saved[place];
+    found->saved.resize(place);
+    return TRUE;
 }

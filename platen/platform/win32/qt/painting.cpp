@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include <platen/platform/win32/device.h>
 #include <platen/platform/win32/message.h>
 #include <platen/platform/win32/qt/desktop.h>
 #include <platen/platform/win32/qt/device_context.h>
@@ -114,7 +115,7 @@ void ResizePicture(Window& window, QSize before) {
 
 QImage* ImageOf(DeviceContext& context) {
     if (context.window == nullptr) {
-        return &context.ownImage;
+        return context.MemoryImage();
     }
     Window* const window = Find(context.window);
     return window == nullptr ? nullptr : &PictureOf(*window);
@@ -170,7 +171,7 @@ BOOL EndPaint(HWND window, const PAINTSTRUCT* paint) {
 HDC GetDC(HWND handle) {
     const Window* const window = Find(handle);
     if (window == nullptr) {
-        return handle == nullptr ? CreateCompatibleDC(nullptr) : nullptr;
+        return handle == nullptr ? CreateDC("DISPLAY", nullptr, nullptr, nullptr) : nullptr;
     }
     return NewContext(handle, ClientRect(*window));
 }
