@@ -79,10 +79,9 @@ FileTree::FileTree(QWidget* parent) : QTreeWidget(parent) {
     setHeaderLabels({tr("File"), tr("Class"), tr("Role")});
     setFrameShape(QFrame::NoFrame);
     setUniformRowHeights(true);
-    header()->setStretchLastSection(true);
-    header()->setSectionResizeMode(Name, QHeaderView::Interactive);
-    header()->resizeSection(Name, 160);
-    header()->resizeSection(Class, 46);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(Name, QHeaderView::Stretch);
     connect(this, &QTreeWidget::currentItemChanged, this, &FileTree::Chosen);
 }
 

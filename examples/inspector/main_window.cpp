@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <algorithm>
 
+#include "examples/inspector/copy_progress.h"
 #include "examples/inspector/printing.h"
 #include "examples/inspector/services.h"
 
@@ -100,7 +101,7 @@ void MainWindow::SaveCopy(short byteOrder) {
     }
     TiffCopy::Result result;
     {
-        CopyProgress progress(tr("Copying %1").arg(source.fileName()), *this);
+        CopyProgress progress(tr("Copying %1").arg(source.fileName()));
         result = document.SaveCopy(name.toStdString(), byteOrder, &CopyProgress::Report, &progress);
     }
     ShowTitle();

@@ -6,8 +6,10 @@
 #include <QPlainTextEdit>
 #include <QStringList>
 #include <QTabWidget>
+#include <memory>
 
 #include "examples/inspector/file_tree.h"
+#include "examples/inspector/host.h"
 #include "examples/inspector/image_view.h"
 #include "examples/inspector/tags_page.h"
 
@@ -20,6 +22,7 @@ class MainWindow : public QMainWindow {
 
   public:
     MainWindow();
+    ~MainWindow() override;
 
     /// Opens files, and tells of those that cannot be.
     void Open(const QStringList& names);
@@ -70,6 +73,7 @@ class MainWindow : public QMainWindow {
     const Document* m_reported = nullptr;  ///< whose report stands on its page
     QList<QAction*> m_needFile;
     QList<QAction*> m_needPicture;
+    std::unique_ptr<Host> m_host;
     QAction* m_stretch = nullptr;
     QAction* m_colorTable = nullptr;
 };

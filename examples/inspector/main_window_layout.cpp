@@ -3,8 +3,12 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <chrono>
+
+#include <platen/base/system.h>
 
 #include "examples/inspector/icons.h"
 #include "examples/inspector/main_window.h"
@@ -12,6 +16,8 @@
 /// How the window is put together.
 namespace inspector {
 namespace {
+
+constexpr std::chrono::seconds kMemoryInterval{2};
 
 QPlainTextEdit* NewTextPage() {
     auto* page = new QPlainTextEdit;
@@ -46,6 +52,16 @@ MainWindow::MainWindow()
     connect(m_image, &ImageView::ZoomChanged, this, &MainWindow::ShowZoom);
     connect(m_image, &ImageView::PointedAt, this, &MainWindow::ShowPixel);
     ShowChosen();
+    m_host = std::make_unique<Host>(*this);
+    auto* clock = new QTimer(this);
+    connect(clock, &QTimer::timeout, this, [] { DisplayMemoryStatus(); });
+    clock->start(kMemoryInterval);
+    DisplayMemoryStatus();
+}
+
+MainWindow::~MainWindow() {
+    // It ends later than what its signals reach.
+    m_tree->disconnect(this);
 }
 
 void MainWindow::BuildPanes() {
