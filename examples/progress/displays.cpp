@@ -50,9 +50,9 @@ bool RunWithStatusBar(LongJob& job, const Script& script) {
 
 }  // namespace
 
-bool Run(LongJob& job, Display display, const Script& script) {
+bool Run(LongJob& job, DisplayKind display, const Script& script) {
     const bool finished =
-        display == Display::Window ? RunWithWindow(job, script) : RunWithStatusBar(job, script);
+        display == DisplayKind::Window ? RunWithWindow(job, script) : RunWithStatusBar(job, script);
     if (script.escapeAt >= 0) {
         keybd_event(VK_ESCAPE, 0, KEYEVENTF_KEYUP, 0);
     }

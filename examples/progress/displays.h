@@ -5,7 +5,7 @@
 namespace example {
 
 /// Which of the library's two progress displays a run uses.
-enum class Display { Window, StatusBar };
+enum class DisplayKind { Window, StatusBar };
 
 /// What a run does by itself, at a whole percentage (-1: never): so that a script can look at a
 /// display, or stop a run without a person.
@@ -15,6 +15,6 @@ struct Script {
 };
 
 /// Computes the whole job. False when the user stopped it.
-bool Run(LongJob& job, Display display, const Script& script);
+bool Run(LongJob& job, DisplayKind display, const Script& script);
 
 }  // namespace example

@@ -19,7 +19,7 @@
 
 namespace {
 
-using example::Display;
+using example::DisplayKind;
 using example::LongJob;
 
 class Window : public QMainWindow {
@@ -30,9 +30,9 @@ class Window : public QMainWindow {
         bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         const QIcon icon = style()->standardIcon(QStyle::SP_MediaPlay);
         connect(bar->addAction(icon, "Run with a window"), &QAction::triggered, this,
-                [this] { RunAndShow(Display::Window, {}); });
+                [this] { RunAndShow(DisplayKind::Window, {}); });
         connect(bar->addAction(icon, "Run in the status bar"), &QAction::triggered, this,
-                [this] { RunAndShow(Display::StatusBar, {}); });
+                [this] { RunAndShow(DisplayKind::StatusBar, {}); });
         m_picture = new QLabel("Start the job from the toolbar. Escape stops it.");
         m_picture->setAlignment(Qt::AlignCenter);
         m_picture->setMinimumSize(LongJob::kWidth, LongJob::kHeight);
@@ -40,7 +40,7 @@ class Window : public QMainWindow {
         statusBar()->showMessage("Ready");
     }
 
-    void RunAndShow(Display display, const example::Script& script) {
+    void RunAndShow(DisplayKind display, const example::Script& script) {
         LongJob job;
         const bool finished = Run(job, display, script);
         std::printf("%s at row %d of %d\n", finished ? "finished" : "stopped", job.Done(),
@@ -90,8 +90,8 @@ int main(int argc, char** argv) {
     if (parser.isSet("run")) {
         const example::Script script = {parser.value("hold-at").toInt(),
                                         parser.value("escape-at").toInt()};
-        window.RunAndShow(parser.value("run") == "window" ? Display::Window : Display::StatusBar,
-                          script);
+        window.RunAndShow(
+            parser.value("run") == "window" ? DisplayKind::Window : DisplayKind::StatusBar, script);
     } else {
         QApplication::exec();
     }

@@ -11,13 +11,13 @@
 
 namespace {
 
-using example::Display;
+using example::DisplayKind;
 
 constexpr char kClassName[] = "platen progress example";
 constexpr int kWindowButton = 1;
 constexpr int kStatusButton = 2;
 
-void RunAndTell(HWND window, Display display, const example::Script& script) {
+void RunAndTell(HWND window, DisplayKind display, const example::Script& script) {
     example::LongJob job;
     const bool finished = Run(job, display, script);
     std::printf("%s at row %d of %d\n", finished ? "finished" : "stopped", job.Done(),
@@ -31,7 +31,7 @@ LRESULT CALLBACK MainProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
         case WM_COMMAND:
             if (LOWORD(wParam) == kWindowButton || LOWORD(wParam) == kStatusButton) {
                 const bool inWindow = LOWORD(wParam) == kWindowButton;
-                RunAndTell(window, inWindow ? Display::Window : Display::StatusBar, {});
+                RunAndTell(window, inWindow ? DisplayKind::Window : DisplayKind::StatusBar, {});
             }
             return 0;
         case WM_DESTROY:
@@ -109,7 +109,7 @@ int main(int argc, char** argv) {
     window.UpdateWindow();
     if (arguments.run != nullptr) {
         const bool inWindow = std::strcmp(arguments.run, "window") == 0;
-        RunAndTell(window.m_hWnd, inWindow ? Display::Window : Display::StatusBar,
+        RunAndTell(window.m_hWnd, inWindow ? DisplayKind::Window : DisplayKind::StatusBar,
                    arguments.script);
     } else {
         application.Run();
