@@ -97,7 +97,8 @@ TEST_F(ProgressWindow, TextOrBarTellAnotherPercentage) {
         for (int x = 0; x < width; ++x) {
             shown.push_back(::GetPixel(context, x, client.Height() / 2));
         }
-        EXPECT_EQ(::GetPixel(context, width / 2, 2), kGray);
+        EXPECT_EQ(::GetPixel(context, width - 2, 2), kGray);
+        EXPECT_EQ(::GetPixel(context, 2, client.Height() - 2), kGray);
         EXPECT_EQ(::GetPixel(context, width / 2, client.Height() - 2), kWhite);
         ::ReleaseDC(Item(1001), context);
         EXPECT_EQ(shown, expected) << test.percent << " percent";
@@ -115,15 +116,20 @@ TEST_F(ProgressWindow, AWayToAbortDoesNotOrANewRunStaysAborted) {
         keybd_event(VK_ESCAPE, 0, 0, 0);
         keybd_event(VK_ESCAPE, 0, KEYEVENTF_KEYUP, 0);
     };
-    const auto cancel = [this] { ::PostMessage(Dialog(), WM_COMMAND, IDCANCEL, 0); };
+    const auto cancel = [this] {
+        ::PostMessage(Dialog(), WM_COMMAND, IDCANCEL, 0);
+        ::PostMessage(Dialog(), WM_USER, 9, 0);
+    };
     const auto close = [this] { bar->SendMessage(WM_CLOSE); };
     for (const std::function<void()>& abort : {std::function<void()>(escape), {cancel}, {close}}) {
         ASSERT_EQ(bar->BeginPercent(nullptr), 1);
         EXPECT_TRUE(bar->IsWindowVisible());
         EXPECT_EQ(bar->MonitorPercent(1, 2, 1), 0);
         EXPECT_EQ(TextOf(Item(1000)), " 50% done.  Press ESC to abort.");
+        const HWND text = Item(1000);
         abort();
         EXPECT_TRUE(IsAbortedSoon());
+        EXPECT_EQ(TextOf(text), " 50% done.  Press ESC to abort.") << "still pumped";
         EXPECT_EQ(bar->GetProgressBarDialog(), nullptr);
         EXPECT_FALSE(bar->IsWindowVisible());
         EXPECT_TRUE(::IsWindow(bar->m_hWnd));
