@@ -70,9 +70,9 @@ PLATEN_API INT_PTR DialogBoxIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE dia
                                           HWND parent, DLGPROC procedure, LPARAM parameter);
 /// Hides a modal dialog and has its loop end with `result`.
 PLATEN_API BOOL EndDialog(HWND dialog, INT_PTR result);
-/// Does for a modeless dialog what a key means in it (Tab and arrows, Enter for the default button,
-/// Escape as IDCANCEL), and dispatches the other messages for it and its items. FALSE when the
-/// message is not for the dialog.
+/// Does for a modeless dialog what a key means in it (Tab and arrows, Enter for the push
+/// button with the focus or else the default one, Escape as IDCANCEL), and dispatches the other
+/// messages for it and its items. FALSE when the message is not for the dialog.
 PLATEN_API BOOL IsDialogMessage(HWND dialog, LPMSG message);
 /// What a dialog does with the messages that its procedure leaves alone.
 PLATEN_API LRESULT DefDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);

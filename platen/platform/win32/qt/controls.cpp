@@ -127,18 +127,29 @@ void Clicked(HWND handle) {
     Notify(handle, BN_CLICKED);
 }
 
+/// Arrows belong to the dialog, which moves within the group.
+template <class Button>
+class ButtonWidget : public Hosted<Button> {
+  public:
+    using Hosted<Button>::Hosted;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down) {
+            event->ignore();
+        } else {
+            Hosted<Button>::keyPressEvent(event);
+        }
+    }
+};
+
 template <class Button>
 QAbstractButton* NewButton(HWND handle, QWidget* parent) {
-    auto* const button = new Hosted<Button>(handle, parent);
+    auto* const button = new ButtonWidget<Button>(handle, parent);
     button->setAutoExclusive(false);
     QObject::connect(button, &QAbstractButton::clicked, button, [handle] { Clicked(handle); });
     return button;
 }
-
-class LineEdit : public Hosted<QLineEdit> {
-  public:
-    using Hosted::Hosted;
-};
 
 /// Enter belongs to the dialog, unless the style keeps it.
 class TextEdit : public Hosted<QPlainTextEdit> {
@@ -229,7 +240,7 @@ QWidget* MakeEdit(HWND handle, const Window& window, QWidget* parent) {
         QObject::connect(page, &QPlainTextEdit::textChanged, page, changed);
         return page;
     }
-    auto* const line = new LineEdit(handle, parent);
+    auto* const line = new Hosted<QLineEdit>(handle, parent);
     line->setReadOnly(isReadOnly);
     line->setFrame((window.style & WS_BORDER) != 0 || (window.exStyle & WS_EX_CLIENTEDGE) != 0);
     if ((window.style & ES_PASSWORD) != 0) {

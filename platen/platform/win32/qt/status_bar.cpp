@@ -24,6 +24,8 @@ QLabel* LabelOf(QStatusBar& bar, std::size_t part) {
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     bar.addPermanentWidget(label);
+    // The bar itself shows new widgets only while it has no message.
+    label->show();
     return label;
 }
 

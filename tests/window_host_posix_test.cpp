@@ -1,0 +1,179 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+#include <chrono>
+#include <memory>
+
+#include <platen/platform/afx/dialog_template.h>
+#include <platen/platform/win32/qt_window.h>
+
+#include "tests/window_recording.h"
+
+namespace {
+
+using namespace platen::test;
+
+/// A host's own main window: Qt's, with a field and a status bar.
+class HostWindow {
+  public:
+    HostWindow() {
+        Pump();  // makes the application object
+        window = std::make_unique<QMainWindow>();
+        field = new QLineEdit;
+        window->setCentralWidget(field);
+        window->setWindowTitle("Host");
+        window->show();
+        handle = PlatenWindowOfWidget(window.get());
+    }
+
+    std::unique_ptr<QMainWindow> window;
+    QLineEdit* field;
+    HWND handle;
+};
+
+/// Runs Qt's own loop for a while, in which nobody looks for messages.
+void RunQt(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+TEST(WindowHost, AWidgetsHandleChangesOrOutlivesIt) {
+    HostWindow host;
+    EXPECT_EQ(PlatenWindowOfWidget(host.window.get()), host.handle);
+    EXPECT_EQ(PlatenWidgetOfWindow(host.handle), host.window.get());
+    char text[16];
+    host.window->setWindowTitle("Changed");
+    GetWindowText(host.handle, text, sizeof(text));
+    EXPECT_STREQ(text, "Changed");
+    SetWindowText(host.handle, "By name");
+    EXPECT_EQ(host.window->windowTitle(), "By name");
+    EXPECT_TRUE(IsWindowVisible(host.handle));
+    const HWND field = PlatenWindowOfWidget(host.field);
+    EXPECT_EQ(GetParent(field), host.handle);
+    Recording recording({WM_DESTROY, WM_NCDESTROY});
+    const HWND owned = Recording::Make("o", WS_POPUP | WS_VISIBLE, host.handle);
+    const HWND child = Recording::Make("c", WS_CHILD | WS_VISIBLE, host.handle);
+    SendMessage(host.handle, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindowVisible(host.handle));
+    host.window.reset();
+    for (const HWND gone : {host.handle, field, owned, child}) {
+        EXPECT_FALSE(IsWindow(gone));
+    }
+    EXPECT_EQ(recording.Count(WM_NCDESTROY), 2) << "windows in a host's window are not told";
+}
+
+TEST(WindowHost, DestroyingAHandleTakesTheHostsWidget) {
+    HostWindow host;
+    EXPECT_TRUE(DestroyWindow(host.handle));
+    EXPECT_FALSE(IsWindow(host.handle));
+    EXPECT_TRUE(host.window->isVisible());
+    EXPECT_NE(PlatenWindowOfWidget(host.window.get()), host.handle) << "a handle is given twice";
+}
+
+TEST(WindowHost, StatusBarTextsAreLost) {
+    HostWindow host;
+    QStatusBar& bar = *host.window->statusBar();
+    Pump();
+    const HWND handle = PlatenWindowOfWidget(&bar);
+    SendMessage(handle, SB_SETTEXT, 0, reinterpret_cast<LPARAM>("Ready"));
+    SendMessage(handle, SB_SETTEXT, 1, reinterpret_cast<LPARAM>("Memory"));
+    EXPECT_EQ(bar.currentMessage(), "Ready");
+    const auto labels = bar.findChildren<QLabel*>();
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels.front()->text(), "Memory");
+    EXPECT_TRUE(labels.front()->isVisible());
+    char text[16];
+    EXPECT_EQ(SendMessage(handle, SB_GETTEXT, 1, reinterpret_cast<LPARAM>(text)), 6);
+    EXPECT_STREQ(text, "Memory");
+    SendMessage(handle, SB_SETTEXT, 0, reinterpret_cast<LPARAM>(""));
+    EXPECT_EQ(bar.currentMessage(), "");
+    EXPECT_EQ(SendMessage(handle, SB_GETTEXTLENGTH, 0, 0), 0);
+}
+
+TEST(WindowHost, MessagesWaitWhileOnlyQtsLoopRuns) {
+    HostWindow host;
+    Recording recording({WM_USER, WM_TIMER, WM_PAINT});
+    const Scoped window(Recording::Make("w", WS_POPUP | WS_VISIBLE, host.handle));
+    PostMessage(window, WM_USER, 0, 0);
+    SetTimer(window, 1, 10, nullptr);
+    InvalidateRect(window, nullptr, TRUE);
+    RunQt(100);
+    EXPECT_EQ(recording.Count(WM_USER), 1);
+    EXPECT_GE(recording.Count(WM_PAINT), 1);
+    EXPECT_GE(recording.Count(WM_TIMER), 3);
+    KillTimer(window, 1);
+    QTimer::singleShot(10, [] { PostQuitMessage(9); });
+    EXPECT_EQ(QApplication::exec(), 9) << "WM_QUIT does not end the host's loop";
+}
+
+INT_PTR CALLBACK EndAtCancel(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
+    if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) {
+        DestroyWindow(dialog);
+        return TRUE;
+    }
+    return FALSE;
+}
+
+TEST(WindowHost, ADialogIsDeafWhileOnlyQtsLoopRuns) {
+    HostWindow host;
+    CDialogTemplate description(WS_POPUP | WS_CAPTION | WS_VISIBLE, {0, 0, 80, 40}, "Ask");
+    description.Add("BUTTON", "Cancel", IDCANCEL, WS_TABSTOP, {10, 10, 40, 14});
+    const auto* const bytes = reinterpret_cast<LPCDLGTEMPLATE>(description.Bytes().data());
+    const HWND byKey = CreateDialogIndirectParam(nullptr, bytes, host.handle, &EndAtCancel, 0);
+    RunQt(20);
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(PlatenWidgetOfWindow(GetDlgItem(byKey, IDCANCEL)), &press);
+    RunQt(20);
+    EXPECT_FALSE(IsWindow(byKey));
+    const HWND byMouse = CreateDialogIndirectParam(nullptr, bytes, host.handle, &EndAtCancel, 0);
+    auto* const button =
+        dynamic_cast<QPushButton*>(PlatenWidgetOfWindow(GetDlgItem(byMouse, IDCANCEL)));
+    ASSERT_NE(button, nullptr);
+    button->click();
+    EXPECT_TRUE(IsWindow(byMouse)) << "the command comes while Qt handles the click";
+    RunQt(20);
+    EXPECT_FALSE(IsWindow(byMouse));
+    const HWND byQt = CreateDialogIndirectParam(nullptr, bytes, host.handle, &EndAtCancel, 0);
+    delete PlatenWidgetOfWindow(byQt);
+    EXPECT_FALSE(IsWindow(byQt));
+}
+
+TEST(WindowHost, ADisabledWindowTakesInputOrFades) {
+    HostWindow host;
+    const auto type = [&host] {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a");
+        QApplication::sendEvent(host.field, &press);
+    };
+    EnableWindow(host.handle, FALSE);
+    type();
+    EXPECT_EQ(host.field->text(), "");
+    EXPECT_TRUE(host.window->isEnabled()) << "all texts of the window turn gray";
+    EnableWindow(host.handle, TRUE);
+    type();
+    EXPECT_EQ(host.field->text(), "a");
+}
+
+TEST(WindowHost, LookingForNothingIsSlow) {
+    Recording recording({});
+    const Scoped window(Recording::Make("w", WS_POPUP | WS_VISIBLE));
+    Pump();
+    constexpr int kLooks = 20000;
+    const auto start = std::chrono::steady_clock::now();
+    MSG message;
+    for (int i = 0; i < kLooks; ++i) {
+        PeekMessage(&message, window, 0, 0, PM_REMOVE);
+    }
+    const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
+    // Ten times what is promised: the machine that tests is busy and may check memory.
+    EXPECT_LT(time.count() / kLooks, 20);
+}
+
+}  // namespace
