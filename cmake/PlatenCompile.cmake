@@ -35,3 +35,14 @@ function(platen_across_files)
         set_target_properties(${ARGN} PROPERTIES INTERPROCEDURAL_OPTIMIZATION ON)
     endif()
 endfunction()
+
+# platen_drop_other_systems(LIST): takes the files named for POSIX systems, or for Windows, out of a
+# list of sources where this build is not for them.
+function(platen_drop_other_systems list)
+    if(WIN32)
+        list(FILTER ${list} EXCLUDE REGEX "_posix(_test)?\\.cpp$")
+    else()
+        list(FILTER ${list} EXCLUDE REGEX "_windows(_test)?\\.cpp$")
+    endif()
+    set(${list} ${${list}} PARENT_SCOPE)
+endfunction()

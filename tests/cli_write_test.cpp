@@ -1,15 +1,4 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
-
-#include "tests/support/run_program.h"
-#include "tests/support/temporary_file.h"
-#include "tests/support/tiff_builder.h"
+#include "tests/cli_running.h"
 
 namespace {
 
@@ -19,47 +8,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
-
-Outcome Platen(const std::vector<std::string>& arguments, const Streams& streams = {}) {
-    return RunProgram(PLATEN_PROGRAM, arguments, streams);
-}
-
-/// A folder of its own, so that a test sees every file that is left in it.
-class CliWrite : public testing::Test {
-  protected:
-    CliWrite() {
-        std::string name = (fs::temp_directory_path() / "platen_cli_XXXXXX").string();
-        m_folder = mkdtemp(name.data());
-    }
-    ~CliWrite() override { fs::remove_all(m_folder); }
-
-    [[nodiscard]] std::string At(const std::string& name) const { return m_folder / name; }
-    std::string Put(const std::string& name, const std::string& bytes) const {
-        std::ofstream(At(name), std::ios::binary) << bytes;
-        return At(name);
-    }
-    /// Runs shell commands in the folder; $P is the program.
-    [[nodiscard]] Outcome Shell(const std::string& commands, const Streams& streams = {}) const {
-        const std::string setUp = "cd '" + m_folder.string() + "'; P='" PLATEN_PROGRAM "'\n";
-        return RunProgram("/bin/sh", {"-c", setUp + commands}, streams);
-    }
-    [[nodiscard]] std::vector<std::string> Files() const {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator(m_folder)) {
-            names.push_back(entry.path().filename());
-        }
-        return names;
-    }
-    [[nodiscard]] std::string Get(const std::string& file, const std::string& tag,
-                                  const std::string& dir = "0") const {
-        const Outcome outcome = Platen({"get", At(file), tag, "--dir", dir});
-        EXPECT_EQ(outcome.exitStatus, outcome.out.empty() ? 1 : 0) << tag;
-        return outcome.out;
-    }
-
-  private:
-    fs::path m_folder;
-};
 
 /// Two gray images of 4 by 4 pixels; the first has tags of every kind, and others.
 Bytes TwoImages(Order order, const std::vector<Entry>& others = {}) {
@@ -79,15 +27,6 @@ Bytes TwoImages(Order order, const std::vector<Entry>& others = {}) {
                   .directories = {{first}, {image(24)}}});
 }
 
-/// A gray image of 256 MiB that takes next to no space.
-void PutLargeImage(const std::string& path) {
-    constexpr std::uint32_t kOffset = 4096;
-    std::ofstream(path, std::ios::binary)
-        << Build({.directories = {{{Longs(254, {0}), Longs(256, {16384}), Longs(257, {16384}),
-                                    Shorts(258, {8}), Longs(273, {kOffset})}}}});
-    fs::resize_file(path, kOffset + 16384U * 16384U);
-}
-
 TEST_F(CliWrite, ListMissesADirectoryOrReadsPastTheLast) {
     const std::string file = Put("in.tif", TwoImages(Order::Motorola));
     const std::string first = Platen({"list", file, "--dir", "0"}).out;
@@ -101,7 +40,6 @@ TEST_F(CliWrite, ListMissesADirectoryOrReadsPastTheLast) {
         EXPECT_EQ(outcome.err,
                   "platen: " + file + ": directory " + dir + ": not in the file, which has 2\n");
     }
-    EXPECT_EQ(Platen({"list", file}, {.outPath = "/dev/full"}).exitStatus, 1);
     fs::resize_file(file, fs::file_size(file) - 5);
     const Outcome cut = Platen({"list", file});
     EXPECT_EQ(cut.exitStatus, 1);
@@ -214,77 +152,29 @@ TEST_F(CliWrite, SetTakesAWrongValueOrTouchesTheOutput) {
 
 TEST_F(CliWrite, OutputThatCannotBeWrittenGoesUnnoticed) {
     const std::string in = Put("in.tif", TwoImages(Order::Intel));
-    const struct {
-        std::string out;
-        const char* said;
-    } cases[] = {{"/no/such/out.tif", "could not be created: No such file or directory"},
-                 {"/", "irectory"},
-                 {"", "could not be created: No such file or directory"},
-                 {"/dev/full", ""}};
-    for (const auto& wrong : cases) {
-        for (const std::vector<std::string>& command :
-             {std::vector<std::string>{"copy"}, {"copy", "--raw"}, {"blank"}}) {
-            std::vector<std::string> arguments = command;
-            arguments.insert(arguments.end(), {in, wrong.out});
-            const Outcome outcome = Platen(arguments);
-            EXPECT_EQ(outcome.exitStatus, 1) << wrong.out;
-            EXPECT_THAT(outcome.err, StartsWith("platen: " + wrong.out + ": "));
-            EXPECT_THAT(outcome.err, HasSubstr(wrong.said));
+    const std::vector<std::string> commands[] = {{"copy"}, {"copy", "--raw"}, {"blank"}};
+    const Bytes pixels = "0123456789ABCDEFfedcba9876543210";
+    for (std::vector<std::string> command : commands) {
+        const bool blank = command.front() == "blank";
+        const bool faithful = command.back() == "copy";
+        command.insert(command.end(), {in, ""});
+        for (const std::string& out : {std::string("/no/such/out.tif"), At("."), std::string()}) {
+            command.back() = out;
+            const Outcome outcome = Platen(command);
+            EXPECT_EQ(outcome.exitStatus, 1) << out;
+            EXPECT_THAT(outcome.err, StartsWith("platen: " + out + ": "));
+        }
+        command.back() = At("made.tif");
+        EXPECT_EQ(Platen(command).exitStatus, 0);
+        EXPECT_EQ(FileContents(At("made.tif")).find(pixels) == Bytes::npos, blank);
+        EXPECT_TRUE(fs::remove(At("made.tif")));
+        command.back() = At("./in.tif");
+        if (!faithful) {
+            EXPECT_THAT(Platen(command).err, testing::EndsWith(": is the file being read\n"));
         }
     }
-    const Bytes pixels = "0123456789ABCDEFfedcba9876543210";
-    for (const std::string command : {"copy", "copy --raw", "blank"}) {
-        EXPECT_EQ(Shell("\"$P\" " + command + " in.tif made.tif").exitStatus, 0);
-        EXPECT_EQ(FileContents(At("made.tif")).find(pixels) != Bytes::npos, command != "blank");
-        EXPECT_TRUE(fs::remove(At("made.tif")));
-    }
-    for (const std::string command : {"copy --raw", "blank"}) {
-        const Outcome onto = Shell("\"$P\" " + command + " in.tif in.tif");
-        EXPECT_THAT(onto.err, testing::EndsWith(": is the file being read\n"));
-    }
     EXPECT_EQ(FileContents(in), TwoImages(Order::Intel));
-    PutLargeImage(At("large.tif"));
-    for (const char* command : {"copy", "copy --raw", "blank"}) {
-        const Outcome limited =
-            Shell("ulimit -f 20; \"$P\" " + std::string(command) + " large.tif out.tif");
-        EXPECT_EQ(limited.exitStatus, 1) << command;
-        EXPECT_THAT(limited.err, HasSubstr("could not be written: File too large"));
-        EXPECT_EQ(fs::remove(At("out.tif")), command != std::string("copy"));
-    }
-    EXPECT_THAT(Files(), UnorderedElementsAre("in.tif", "large.tif"));
-}
-
-/// The program is held still once its output is there, so that the copy lasts as long as is wanted.
-constexpr const char* kStopInTheMiddle =
-    "\"$P\" copy in.tif out.tif & p=$!\n"
-    "until ls out.tif.*.part || ! kill -0 $p; do :; done >ls 2>&1; rm ls; kill -STOP $p\n";
-
-TEST_F(CliWrite, ASignalLeavesAHalfFileOrShowsAsSuccess) {
-    PutLargeImage(At("in.tif"));
-    Put("out.tif", "old");
-    const std::string stop = kStopInTheMiddle;
-    EXPECT_EQ(Shell(stop + "kill -TERM $p; kill -CONT $p; wait $p").exitStatus, 128 + 15);
-    EXPECT_EQ(Shell(stop + "kill -HUP $p; kill -CONT $p; wait $p").exitStatus, 128 + 1);
-    const std::string interrupted = "timeout --preserve-status -s INT 0.02 \"$P\" ";
-    EXPECT_EQ(Shell(interrupted + "copy in.tif out.tif").exitStatus, 128 + 2);
-    EXPECT_EQ(FileContents(At("out.tif")), "old");
-    EXPECT_EQ(Shell(interrupted + "copy --raw in.tif raw.tif").exitStatus, 128 + 2);
-    EXPECT_EQ(Shell(interrupted + "blank in.tif raw.tif").exitStatus, 128 + 2);
-    EXPECT_THAT(Files(), UnorderedElementsAre("in.tif", "out.tif"));
-}
-
-TEST_F(CliWrite, ProgressShowsTooEarlyOrStays) {
-    PutLargeImage(At("in.tif"));
-    const std::string slow = std::string(kStopInTheMiddle) + "sleep 1.1; kill -CONT $p; wait $p";
-    EXPECT_EQ(Shell(slow).err, "");
-    const Outcome shown = Shell(slow, {.errIsTerminal = true});
-    EXPECT_EQ(shown.exitStatus, 0);
-    EXPECT_THAT(shown.err, StartsWith("\r\033[Kplaten: ["));
-    EXPECT_THAT(shown.err,
-                testing::ContainsRegex("%  [0-9]+ of 268 MB  [0-9]+ MB/s  0:[0-9]+ left"));
-    EXPECT_THAT(shown.err, testing::EndsWith(" left\r\033[K"));
-    Put("in.tif", TwoImages(Order::Intel));
-    EXPECT_EQ(Platen({"copy", At("in.tif"), At("out.tif")}, {.errIsTerminal = true}).err, "");
+    EXPECT_THAT(Files(), ElementsAre("in.tif"));
 }
 
 TEST_F(CliWrite, HelpOrWrongUseOfTheOthersIsMissing) {
@@ -294,8 +184,8 @@ TEST_F(CliWrite, HelpOrWrongUseOfTheOthersIsMissing) {
     }
     EXPECT_EQ(Platen({"copy", "--intel", "--motorola", "a", At("b")}).exitStatus, 2);
     EXPECT_EQ(Platen({"get", "a", "256", "--dir", "x"}).exitStatus, 2);
-    EXPECT_EQ(Platen({"copy", "/no/such.tif", At("out.tif")}).err,
-              "platen: /no/such.tif: could not be opened: No such file or directory (status 0)\n");
+    EXPECT_THAT(Platen({"copy", "/no/such.tif", At("out.tif")}).err,
+                StartsWith("platen: /no/such.tif: could not be opened: "));
     EXPECT_THAT(Files(), ElementsAre());
 }
 

@@ -13,7 +13,8 @@ TEST(RealFiles, TheReportDiffersFromWhatOthersRead) {
     for (const auto& entry : std::filesystem::directory_iterator(PLATEN_TEST_DATA)) {
         if (entry.path().extension() == ".tif") {
             const std::string expected = FileContents(entry.path().string() + ".report");
-            EXPECT_EQ(ReadTiff<>(FileContents(entry.path())).Report(), expected) << entry.path();
+            EXPECT_EQ(ReadTiff<>(FileContents(entry.path().string())).Report(), expected)
+                << entry.path();
             ++files;
         }
     }

@@ -36,10 +36,10 @@ TEST(Report, AByteOfTheTextDiffers) {
 TEST(Report, AnOffsetIsNotShownSignedOrTheFinalOneIsMissing) {
     EXPECT_EQ(ReadTiff<>(Build({})).Report(),
               "INTEL file format\r\nVersion 2a\r\nIFD at offset 0 (0x0)\r\n");
-    const ReadTiff<> far(Build({.order = Order::Motorola, .first = 0xFFFFFFFE}));
-    EXPECT_EQ(far.Report(),
+    const ReadTiff<> beyond(Build({.order = Order::Motorola, .first = 0xFFFFFFFE}));
+    EXPECT_EQ(beyond.Report(),
               "MOTOROLA file format\r\nVersion 2a\r\nIFD at offset -2 (0xfffffffe)\r\n");
-    EXPECT_EQ(far.status, -3);
+    EXPECT_EQ(beyond.status, -3);
 }
 
 TEST(Report, ALongNameOrTextIsCut) {
@@ -47,18 +47,26 @@ TEST(Report, ALongNameOrTextIsCut) {
     const TemporaryFile file(Build({.directories = {{{Text(305, longText)}}}}));
     std::string name = file.Path();
     const std::size_t folder = name.rfind('/');
-    while (name.size() < 2000) {
-        name.insert(folder, "/.");
+    std::size_t read = 0;
+    for (const std::size_t length : {240U, 2000U}) {  // Windows opens the shorter one alone
+        while (name.size() < length) {
+            name.insert(folder, "/.");
+        }
+        Tiff tiff;
+        tiff.ReadSetDump(-1);
+        void* handle = tiff.Open(name.c_str(), 0);
+        if (handle == FILE_none()) {
+            continue;
+        }
+        EXPECT_EQ(tiff.Read(handle), 1);
+        EXPECT_EQ(tiff.Close(handle), FILE_none());
+        const std::string report = ReportOf(tiff);
+        EXPECT_TRUE(report.starts_with("TIFFDUMP: " + name + "\r\nINTEL file format\r\n"));
+        EXPECT_NE(report.find("N=10001    ascii    Data: '" + longText + "'\r\nTIFF"),
+                  std::string::npos);
+        ++read;
     }
-    Tiff tiff;
-    tiff.ReadSetDump(-1);
-    void* handle = tiff.Open(name.c_str(), 0);
-    EXPECT_EQ(tiff.Read(handle), 1);
-    EXPECT_EQ(tiff.Close(handle), FILE_none());
-    const std::string report = ReportOf(tiff);
-    EXPECT_TRUE(report.starts_with("TIFFDUMP: " + name + "\r\nINTEL file format\r\n"));
-    EXPECT_NE(report.find("N=10001    ascii    Data: '" + longText + "'\r\nTIFF"),
-              std::string::npos);
+    EXPECT_GE(read, 1U);
 }
 
 TEST(Report, TheSwitchIsIgnoredOrTextOutlivesARead) {

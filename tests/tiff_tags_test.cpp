@@ -173,10 +173,11 @@ std::vector<Sample> NumberSamples(Kind kind, std::uint16_t tag, Order order) {
                 {Shorts(tag, {40000}), "-25536", Datum("40000")},
                 {Longs(tag, {70000}), "70000", Datum("70000")}};
     }
-    const std::string far = intel ? "26 0" : "0 26";
+    const std::string shifted = intel ? "26 0" : "0 26";
     return {{Shorts(tag, {2, 5}), " 2 5", "\r\n2 5 \r\n"},
             {Shorts(tag, {9}), " 9 0", Datum("9")},
-            {Shorts(tag, {1, 2, 3}), std::string(" ") + far, std::string("\r\n") + far + " \r\n"}};
+            {Shorts(tag, {1, 2, 3}), std::string(" ") + shifted,
+             std::string("\r\n") + shifted + " \r\n"}};
 }
 
 std::vector<Sample> RatioSamples(Kind kind, std::uint16_t tag) {

@@ -1,5 +1,6 @@
 #include <filesystem>
 #include <functional>
+#include <optional>
 
 #include "tests/tiff_writing.h"
 
@@ -8,36 +9,35 @@ namespace {
 namespace fs = std::filesystem;
 using namespace platen::test;
 
-/// An image of eight bytes: its data at 8, its directory of six entries and 78 bytes at 16.
-Bytes SmallFile() {
-    return Build({.data = "12345678",
-                  .directories = {{{Longs(254, {0}), Longs(256, {4}), Longs(257, {2}),
-                                    Shorts(258, {8}), Longs(273, {8}), Text(305, "a text")}}}});
-}
-
 TEST(WriteCopy, TheSourceIsTruncatedUnderAnotherName) {
     const Bytes source = SmallFile();
-    ReadTiff<OpenTiff> read(source);
+    std::optional<ReadTiff<OpenTiff>> opened(source);
+    ReadTiff<OpenTiff>& read = *opened;
     ASSERT_EQ(read.status, 1);
     const fs::path path = read.file.Path();
     const fs::path symbolic = path.string() + ".symbolic";
     const fs::path hard = path.string() + ".hard";
-    fs::create_symlink(path, symbolic);
+    std::error_code unsupported;  // as by Windows
+    fs::create_symlink(path, symbolic, unsupported);
     fs::create_hard_link(path, hard);
-    const std::string names[] = {path, fs::relative(path),
-                                 path.parent_path() / "." / path.filename(), symbolic, hard};
-    for (const std::string& name : names) {
-        EXPECT_EQ(read.tiff.WriteCopy(name.c_str(), TIFF_MOTOROLA), -1) << name;
+    std::vector<fs::path> names = {path, fs::relative(path),
+                                   path.parent_path() / "." / path.filename(), hard};
+    if (!unsupported) {
+        names.push_back(symbolic);
+    }
+    for (const fs::path& name : names) {
+        EXPECT_EQ(read.tiff.WriteCopy(name.string().c_str(), TIFF_MOTOROLA), -1) << name;
         EXPECT_EQ(read.tiff.Status(), 0);
         EXPECT_EQ(read.file.Contents(), source) << name;
         EXPECT_EQ(read.Record().WriteIFDOffset, 0U) << "the records are laid out";
     }
-    fs::remove(symbolic);
-    fs::remove(hard);
     const TemporaryFile twin(source);  // the same bytes, another file
     EXPECT_EQ(read.tiff.WriteCopy(twin.Name(), TIFF_INTEL), 1);
     EXPECT_EQ(read.file.Contents(), source);
     EXPECT_EQ(twin.Contents().substr(8, 8), "12345678");
+    opened.reset();  // Windows does not remove a link to an open file
+    fs::remove(symbolic, unsupported);
+    fs::remove(hard);
 }
 
 struct Step {
@@ -66,46 +66,16 @@ TEST(WriteSteps, AFailedWriteIsReportedWrongly) {
              EXPECT_EQ(t.WriteIFDStdDir(f, TIFF_INTEL, 0, 0), 7);
              return t.Status();
          }}};
-    for (const std::string device : {"/dev/full", "a file opened for reading"}) {
-        const TemporaryFile file("twelve bytes");
-        const bool full = device == "/dev/full";
-        void* handle = FILE_open(full ? device.c_str() : file.Name(), full ? 1 : 0, nullptr);
-        for (const Step& step : steps) {
-            ReadTiff<OpenTiff> read(SmallFile());
-            read.tiff.WriteSetupStructs();
-            EXPECT_EQ(step.run(read.tiff, handle), step.answer) << step.name << " on " << device;
-            EXPECT_EQ(read.tiff.Status(), step.answer) << step.name << " on " << device;
-        }
-        FILE_close(handle);
-        EXPECT_EQ(file.Contents(), "twelve bytes");
+    const TemporaryFile file("twelve bytes");
+    void* readOnly = FILE_open(file.Name(), 0, nullptr);
+    for (const Step& step : steps) {
+        ReadTiff<OpenTiff> read(SmallFile());
+        read.tiff.WriteSetupStructs();
+        EXPECT_EQ(step.run(read.tiff, readOnly), step.answer) << step.name;
+        EXPECT_EQ(read.tiff.Status(), step.answer) << step.name;
     }
-    ReadTiff<> read(SmallFile());
-    EXPECT_EQ(read.tiff.WriteNew("/dev/full", TIFF_INTEL), -3);
-    EXPECT_EQ(read.tiff.WriteCopy("/dev/full", TIFF_INTEL), -3);
-    EXPECT_EQ(read.file.Contents(), SmallFile());
-}
-
-/// Links and counts are looked at, entries and long values are not.
-TEST(WriteNew, AFullDiskIsReportedAtTheWrongPlace) {
-    struct Case {
-        rlim_t limit;
-        int status;
-    };
-    // Header 0, link 4, data 8, count 16, entries 18, next link 102, four zeros 106, text 110.
-    const Case cases[] = {{0, -3}, {4, -3},  {8, -3},  {12, -3}, {16, -3}, {18, 1},
-                          {50, 1}, {102, 1}, {106, 1}, {110, 1}, {113, 1}, {117, 1}};
-    const Bytes source = SmallFile();
-    ReadTiff<> read(source);
-    const TemporaryFile whole;
-    ASSERT_EQ(ReadTiff<>(source).tiff.WriteNew(whole.Name(), TIFF_INTEL), 1);
-    ASSERT_EQ(whole.Contents().size(), 117U);
-    for (const Case& c : cases) {
-        const TemporaryFile file;
-        const auto copy = [&] { return read.tiff.WriteCopy(file.Name(), TIFF_INTEL); };
-        EXPECT_EQ(WithFileLimit(c.limit, copy), c.status) << c.limit;
-        EXPECT_EQ(file.Contents().size(), c.limit);
-        EXPECT_EQ(read.file.Contents(), source);
-    }
+    FILE_close(readOnly);
+    EXPECT_EQ(file.Contents(), "twelve bytes");
 }
 
 }  // namespace

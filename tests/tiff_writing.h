@@ -1,12 +1,5 @@
 #pragma once
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
-#include <functional>
-
 #include "tests/support/read_tiff.h"
 
 /// What the tests of the writing half share: setting tags, files as bytes, raw directories.
@@ -92,6 +85,13 @@ inline std::string Shown(std::string_view bytes) {
     return text;
 }
 
+/// An image of eight bytes: its data at 8, its directory of six entries and 78 bytes at 16.
+inline Bytes SmallFile() {
+    return Build({.data = "12345678",
+                  .directories = {{{Longs(254, {0}), Longs(256, {4}), Longs(257, {2}),
+                                    Shorts(258, {8}), Longs(273, {8}), Text(305, "a text")}}}});
+}
+
 /// The file that WriteNew gives; empty when it did not answer 1.
 inline Bytes WrittenNew(Tiff& tiff, short format) {
     const TemporaryFile file;
@@ -136,19 +136,6 @@ inline std::vector<RawEntry> RawDirectory(std::string_view bytes, std::uint32_t&
     }
     offset = NumberAt(bytes, at, 4, order);
     return entries;
-}
-
-/// Answers what `run` gives in a process whose files may not exceed `limit` bytes.
-inline int WithFileLimit(rlim_t limit, const std::function<long()>& run) {
-    const pid_t child = fork();
-    if (child == 0) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit most = {limit, limit};
-        _exit(setrlimit(RLIMIT_FSIZE, &most) == 0 ? static_cast<int>(run()) + 100 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) - 100 : -100;
 }
 
 }  // namespace platen::test

@@ -9,7 +9,7 @@ namespace platen::test {
 struct Streams {
     std::string outPath = {};    ///< an existing file or device instead
     bool outIsBroken = false;    ///< a pipe that nobody reads instead
-    bool errIsTerminal = false;  ///< what is written to the terminal is captured
+    bool errIsTerminal = false;  ///< what is written to the terminal is captured; not on Windows
 };
 
 struct Outcome {

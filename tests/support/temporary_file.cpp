@@ -1,22 +1,19 @@
 #include "tests/support/temporary_file.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 namespace platen::test {
 
-TemporaryFile::TemporaryFile(std::string_view bytes)
-    : m_path((std::filesystem::temp_directory_path() / "platen-test-XXXXXX").string()) {
-    const int descriptor = mkstemp(m_path.data());
-    if (descriptor < 0) {
+TemporaryFile::TemporaryFile(std::string_view bytes) : m_path(NewTemporaryPath()) {
+    if (!std::ofstream(m_path, std::ios::binary)
+             .write(bytes.data(), static_cast<std::streamsize>(bytes.size()))
+             .flush()) {
         std::abort();
     }
-    close(descriptor);
-    Overwrite(0, bytes);
 }
 
 TemporaryFile::~TemporaryFile() {
@@ -38,6 +35,13 @@ void TemporaryFile::Resize(std::size_t size) const {
 
 std::string TemporaryFile::Contents() const {
     return FileContents(m_path);
+}
+
+std::string NewTemporaryPath() {
+    std::random_device random;
+    const std::string name =
+        "platen-test-" + std::to_string(random()) + "-" + std::to_string(random());
+    return (std::filesystem::temp_directory_path() / name).generic_string();
 }
 
 std::string FileContents(const std::string& path) {

@@ -26,6 +26,9 @@ class TemporaryFile {
     std::string m_path;
 };
 
+/// A name, with forward slashes, that nothing has yet in the folder for temporary files.
+std::string NewTemporaryPath();
+
 /// All bytes of a file; empty when it cannot be read.
 std::string FileContents(const std::string& path);
 

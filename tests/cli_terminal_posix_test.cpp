@@ -1,0 +1,117 @@
+#include "tests/cli_running.h"
+#include "tests/support/paged_file.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace platen::test;
+using testing::HasSubstr;
+using testing::StartsWith;
+using testing::UnorderedElementsAre;
+
+/// What a shell can do to the program.
+class CliShell : public CliWrite {
+  protected:
+    /// Runs shell commands in the folder; $P is the program.
+    [[nodiscard]] Outcome Shell(const std::string& commands, const Streams& streams = {}) const {
+        const std::string setUp = "cd '" + Folder() + "'; P='" PLATEN_PROGRAM "'\n";
+        return RunProgram("/bin/sh", {"-c", setUp + commands}, streams);
+    }
+};
+
+/// A gray image of 256 MiB that takes next to no space.
+void PutLargeImage(const std::string& path) {
+    constexpr std::uint32_t kOffset = 4096;
+    std::ofstream(path, std::ios::binary)
+        << Build({.directories = {{{Longs(254, {0}), Longs(256, {16384}), Longs(257, {16384}),
+                                    Shorts(258, {8}), Longs(273, {kOffset})}}}});
+    fs::resize_file(path, kOffset + 16384U * 16384U);
+}
+
+TEST(CliErrors, ASystemsReasonIsMissing) {
+    EXPECT_EQ(Platen({"info", "/no/such.tif"}).err,
+              "platen: /no/such.tif: could not be opened: No such file or directory (status 0)\n");
+    EXPECT_EQ(Platen({"dump", "/"}).err,
+              "platen: /: read failure or inconsistent file: Is a directory (status -3)\n");
+    const TemporaryFile good(FullAndReduced(Order::Intel));
+    EXPECT_THAT(Platen({"blank", good.Path(), "/no/such/out.tif"}).err,
+                HasSubstr("could not be created: No such file or directory"));
+}
+
+TEST(CliErrors, ADeviceThatIsFullOrAReaderThatIsGoneGoesUnnoticed) {
+    const TemporaryFile file;
+    ASSERT_TRUE((PagedFile{.pages = 1000}.Write(file.Path())));
+    for (const char* command : {"dump", "info"}) {
+        for (const char* jobs : {"--jobs=1", "--jobs=4"}) {
+            const std::vector<std::string> arguments = {command, jobs, file.Path(), file.Path()};
+            const Outcome full = Platen(arguments, {.outPath = "/dev/full"});
+            EXPECT_EQ(full.exitStatus, 1);
+            EXPECT_EQ(full.err,
+                      "platen: standard output: could not be written: No space left on device "
+                      "(status -3)\n");
+            const Outcome broken = Platen(arguments, {.outIsBroken = true});
+            EXPECT_EQ(broken.exitStatus, 1);
+            EXPECT_THAT(broken.err, HasSubstr("Broken pipe"));
+        }
+    }
+    EXPECT_EQ(Platen({"--help"}, {.outPath = "/dev/full"}).exitStatus, 1);
+}
+
+TEST_F(CliShell, ADiskThatIsFullGoesUnnoticed) {
+    PutLargeImage(At("in.tif"));
+    for (const std::string command : {"copy", "copy --raw", "blank"}) {
+        EXPECT_EQ(Shell("\"$P\" " + command + " in.tif /dev/full").exitStatus, 1) << command;
+        const Outcome limited = Shell("ulimit -f 20; \"$P\" " + command + " in.tif out.tif");
+        EXPECT_EQ(limited.exitStatus, 1) << command;
+        EXPECT_THAT(limited.err, HasSubstr("could not be written: File too large"));
+        EXPECT_EQ(fs::remove(At("out.tif")), command != "copy");
+    }
+    EXPECT_THAT(Files(), testing::ElementsAre("in.tif"));
+}
+
+TEST(CliProgress, ShowsOffATerminalOrStaysBehind) {
+    const TemporaryFile good(FullAndReduced(Order::Intel));
+    const TemporaryFile bad("no image");
+    const std::vector<std::string> arguments = {"info", good.Path(), bad.Path(), good.Path()};
+    EXPECT_EQ(Platen(arguments).err, ReadingFailed(bad));
+    const std::string shown = Platen(arguments, {.errIsTerminal = true}).err;
+    EXPECT_THAT(shown, StartsWith("\rplaten: 1 of 3 files\r\033[Kplaten: " + bad.Path() + ": "));
+    const std::size_t lastLine = shown.rfind(" files");
+    EXPECT_NE(shown.find("\r\033[K", lastLine), std::string::npos);
+    EXPECT_EQ(Platen({"info", good.Path()}, {.errIsTerminal = true}).err, "");
+}
+
+/// The program is held still once its output is there, so that the copy lasts as long as is wanted.
+constexpr const char* kStopInTheMiddle =
+    "\"$P\" copy in.tif out.tif & p=$!\n"
+    "until ls out.tif.*.part || ! kill -0 $p; do :; done >ls 2>&1; rm ls; kill -STOP $p\n";
+
+TEST_F(CliShell, ASignalLeavesAHalfFileOrShowsAsSuccess) {
+    PutLargeImage(At("in.tif"));
+    Put("out.tif", "old");
+    const std::string stop = kStopInTheMiddle;
+    EXPECT_EQ(Shell(stop + "kill -TERM $p; kill -CONT $p; wait $p").exitStatus, 128 + 15);
+    EXPECT_EQ(Shell(stop + "kill -HUP $p; kill -CONT $p; wait $p").exitStatus, 128 + 1);
+    const std::string interrupted = "timeout --preserve-status -s INT 0.02 \"$P\" ";
+    EXPECT_EQ(Shell(interrupted + "copy in.tif out.tif").exitStatus, 128 + 2);
+    EXPECT_EQ(FileContents(At("out.tif")), "old");
+    EXPECT_EQ(Shell(interrupted + "copy --raw in.tif raw.tif").exitStatus, 128 + 2);
+    EXPECT_EQ(Shell(interrupted + "blank in.tif raw.tif").exitStatus, 128 + 2);
+    EXPECT_THAT(Files(), UnorderedElementsAre("in.tif", "out.tif"));
+}
+
+TEST_F(CliShell, ProgressShowsTooEarlyOrStays) {
+    PutLargeImage(At("in.tif"));
+    const std::string slow = std::string(kStopInTheMiddle) + "sleep 1.1; kill -CONT $p; wait $p";
+    EXPECT_EQ(Shell(slow).err, "");
+    const Outcome shown = Shell(slow, {.errIsTerminal = true});
+    EXPECT_EQ(shown.exitStatus, 0);
+    EXPECT_THAT(shown.err, StartsWith("\r\033[Kplaten: ["));
+    EXPECT_THAT(shown.err,
+                testing::ContainsRegex("%  [0-9]+ of 268 MB  [0-9]+ MB/s  0:[0-9]+ left"));
+    EXPECT_THAT(shown.err, testing::EndsWith(" left\r\033[K"));
+    Put("in.tif", FullAndReduced(Order::Intel));
+    EXPECT_EQ(Platen({"copy", At("in.tif"), At("out.tif")}, {.errIsTerminal = true}).err, "");
+}
+
+}  // namespace

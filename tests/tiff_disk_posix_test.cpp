@@ -1,0 +1,69 @@
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <functional>
+
+#include "tests/tiff_copying.h"
+
+namespace {
+
+using namespace platen::test;
+
+/// Answers what `run` gives in a process whose files may not exceed `limit` bytes.
+int WithFileLimit(rlim_t limit, const std::function<long()>& run) {
+    const pid_t child = fork();
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit most = {limit, limit};
+        _exit(setrlimit(RLIMIT_FSIZE, &most) == 0 ? static_cast<int>(run()) + 100 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) - 100 : -100;
+}
+
+/// Links and counts are looked at, entries and long values are not.
+TEST(WriteNew, AFullDiskIsReportedAtTheWrongPlace) {
+    struct Case {
+        rlim_t limit;
+        int status;
+    };
+    // Header 0, link 4, data 8, count 16, entries 18, next link 102, four zeros 106, text 110.
+    const Case cases[] = {{0, -3}, {4, -3},  {8, -3},  {12, -3}, {16, -3}, {18, 1},
+                          {50, 1}, {102, 1}, {106, 1}, {110, 1}, {113, 1}, {117, 1}};
+    const Bytes source = SmallFile();
+    ReadTiff<> read(source);
+    const TemporaryFile whole;
+    ASSERT_EQ(ReadTiff<>(source).tiff.WriteNew(whole.Name(), TIFF_INTEL), 1);
+    ASSERT_EQ(whole.Contents().size(), 117U);
+    for (const Case& c : cases) {
+        const TemporaryFile file;
+        const auto copy = [&] { return read.tiff.WriteCopy(file.Name(), TIFF_INTEL); };
+        EXPECT_EQ(WithFileLimit(c.limit, copy), c.status) << c.limit;
+        EXPECT_EQ(file.Contents().size(), c.limit);
+        EXPECT_EQ(read.file.Contents(), source);
+    }
+}
+
+TEST(WriteNew, AFullDeviceGoesUnnoticed) {
+    ReadTiff<> read(SmallFile());
+    EXPECT_EQ(read.tiff.WriteNew("/dev/full", TIFF_INTEL), -3);
+    EXPECT_EQ(read.tiff.WriteCopy("/dev/full", TIFF_INTEL), -3);
+    EXPECT_EQ(read.file.Contents(), SmallFile());
+}
+
+TEST_F(Copy, AFullDiskTouchesTheOutputOrLeavesAFile) {
+    Put("in.tif", Gray({}));
+    Put("out.tif", "precious");
+    for (const rlim_t limit : std::vector<rlim_t>{0, 4, 8, 50, 108, 120, 200}) {
+        const auto copy = [&] { return static_cast<long>(CopyTo("out.tif", TIFF_INTEL).outcome); };
+        EXPECT_EQ(WithFileLimit(limit, copy), static_cast<int>(TiffCopy::Outcome::OutputFailed))
+            << limit;
+    }
+    EXPECT_EQ(FileContents(Path("out.tif")), "precious");
+    EXPECT_EQ(Files(), 2);
+}
+
+}  // namespace
