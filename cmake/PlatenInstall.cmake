@@ -26,6 +26,10 @@ install(FILES
 function(platen_pkg_config name library description)
     file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
     set(requires ${ARGN})
+    set(definitions)
+    if(WIN32 AND library STREQUAL platen)
+        set(definitions " -DPLATEN_SHARED")
+    endif()
     configure_file(${PROJECT_SOURCE_DIR}/cmake/package.pc.in
         ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc @ONLY)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc
