@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QWheelEvent>
 #include <cmath>
+#include <memory>
 
 namespace inspector {
 namespace {
@@ -14,13 +15,24 @@ constexpr double kMostZoom = 64;
 constexpr int kMargin = 12;
 constexpr int kMostTextWidth = 420;
 
+/// The image takes the picture's memory, which can be large.
+QImage ImageOf(Picture picture) {
+    auto held = std::make_unique<std::vector<std::uint32_t>>(std::move(picture.pixels));
+    const auto* bytes = reinterpret_cast<const uchar*>(held->data());
+    const auto release = [](void* pixels) {
+        delete static_cast<std::vector<std::uint32_t>*>(pixels);
+    };
+    return {
+        bytes,   picture.width, picture.height, picture.width * qsizetype{4}, QImage::Format_RGB32,
+        release, held.release()};
+}
+
 }  // namespace
 
 ImageView::ImageView(QWidget* parent) : QGraphicsView(parent), m_item(new QGraphicsPixmapItem) {
     m_scene.addItem(m_item);
     setScene(&m_scene);
     setDragMode(ScrollHandDrag);
-    setTransformationAnchor(AnchorUnderMouse);
     setBackgroundBrush(QColor(0x5a, 0x5d, 0x62));
     setFrameShape(NoFrame);
     setViewportUpdateMode(FullViewportUpdate);
@@ -29,20 +41,18 @@ ImageView::ImageView(QWidget* parent) : QGraphicsView(parent), m_item(new QGraph
     setAcceptDrops(false);
 }
 
-void ImageView::SetPicture(const Picture& picture) {
+void ImageView::SetPicture(Picture picture) {
     m_text = QString::fromStdString(picture.problem);
     if (picture.pixels.empty()) {
         SetNothing(m_text);
         return;
     }
-    const QImage borrowed(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width,
-                          picture.height, picture.width * qsizetype{4}, QImage::Format_RGB32);
-    const bool sameSize = HasPicture() && m_image.size() == borrowed.size();
-    m_image = borrowed.copy();
+    const QSize before = m_image.size();
     m_step = picture.step;
+    m_image = ImageOf(std::move(picture));
     m_item->setPixmap(QPixmap::fromImage(m_image));
     m_scene.setSceneRect(m_item->boundingRect());
-    if (!sameSize || m_fits) {
+    if (m_image.size() != before || m_fits) {
         Fit();
     }
 }
@@ -112,9 +122,11 @@ void ImageView::wheelEvent(QWheelEvent* event) {
         return;
     }
     m_fits = false;
+    setTransformationAnchor(AnchorUnderMouse);
     // One notch of a usual wheel turns by 120.
     SetZoom(std::clamp(Zoom() * std::pow(kZoomStep, turned / 120.0), std::min(kLeastZoom, Zoom()),
                        kMostZoom));
+    setTransformationAnchor(AnchorViewCenter);
     event->accept();
 }
 

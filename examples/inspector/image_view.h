@@ -17,10 +17,12 @@ class ImageView : public QGraphicsView {
   public:
     explicit ImageView(QWidget* parent = nullptr);
 
-    void SetPicture(const Picture& picture);
+    void SetPicture(Picture picture);
     /// Shows a text in place of a picture.
     void SetNothing(const QString& text);
     [[nodiscard]] bool HasPicture() const { return !m_item->pixmap().isNull(); }
+    /// Every how many-th pixel of the image is shown.
+    [[nodiscard]] int Step() const { return m_step; }
     [[nodiscard]] QPixmap Shown() const { return m_item->pixmap(); }
 
     /// The whole picture, also while the window's size changes.

@@ -231,7 +231,11 @@ void MainWindow::ShowTitle() {
 }
 
 void MainWindow::ShowZoom(double zoom) {
-    m_zoom->setText(zoom > 0 ? tr("%1 %").arg(zoom * 100, 0, 'f', zoom < 0.1 ? 1 : 0) : QString());
+    QString text = zoom > 0 ? tr("%1 %").arg(zoom * 100, 0, 'f', zoom < 0.1 ? 1 : 0) : QString();
+    if (zoom > 0 && m_image->Step() > 1) {
+        text += tr(" (1 pixel of %1 each way)").arg(m_image->Step());
+    }
+    m_zoom->setText(text);
 }
 
 void MainWindow::ShowPixel(QPoint pixel, QRgb color) {
