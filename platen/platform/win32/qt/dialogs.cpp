@@ -7,6 +7,7 @@
 #include <platen/platform/win32/qt/desktop.h>
 #include <platen/platform/win32/qt/dialog_items.h>
 #include <platen/platform/win32/qt/dialog_template.h>
+#include <platen/platform/win32/qt/modal.h>
 #include <platen/platform/win32/qt/window_record.h>
 
 namespace platen::win32 {
@@ -184,7 +185,7 @@ LRESULT DefaultOf(HWND dialog, Window& window, UINT message, WPARAM wParam, LPAR
 }
 
 /// The modal loop. WM_QUIT ends it and goes on to the loop around it.
-void RunModal(HWND dialog) {
+void DispatchUntilEnd(HWND dialog) {
     const auto goesOn = [dialog] {
         const Window* const window = Find(dialog);
         return window != nullptr && !window->dialog->hasEnded;
@@ -203,6 +204,28 @@ void RunModal(HWND dialog) {
 }
 
 }  // namespace
+
+INT_PTR RunModal(HWND parent, const std::function<HWND(HWND owner)>& make) {
+    const HWND owner = TopLevelOf(parent);
+    const bool ownerWasDisabled = owner == nullptr || EnableWindow(owner, FALSE) != 0;
+    const HWND dialog = make(owner);
+    INT_PTR result = -1;
+    if (dialog != nullptr) {
+        if (!Find(dialog)->dialog->hasEnded) {
+            ShowWindow(dialog, SW_SHOWNORMAL);
+        }
+        DispatchUntilEnd(dialog);
+        const Window* const window = Find(dialog);
+        result = window == nullptr ? 0 : window->dialog->result;
+    }
+    // Before the dialog goes, so that its owner and no other program becomes active.
+    if (!ownerWasDisabled) {
+        EnableWindow(owner, TRUE);
+    }
+    DestroyWindow(dialog);
+    return result;
+}
+
 }  // namespace platen::win32
 
 using namespace platen::win32;
@@ -234,24 +257,9 @@ HWND CreateDialogIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE dialogTemplate
 
 INT_PTR DialogBoxIndirectParam(HINSTANCE instance, LPCDLGTEMPLATE dialogTemplate, HWND parent,
                                DLGPROC procedure, LPARAM parameter) {
-    const HWND owner = TopLevelOf(parent);
-    const bool ownerWasDisabled = owner == nullptr || EnableWindow(owner, FALSE) != 0;
-    const HWND dialog = MakeDialog(instance, dialogTemplate, owner, procedure, parameter);
-    INT_PTR result = -1;
-    if (dialog != nullptr) {
-        if (!Find(dialog)->dialog->hasEnded) {
-            ShowWindow(dialog, SW_SHOWNORMAL);
-        }
-        RunModal(dialog);
-        const Window* const window = Find(dialog);
-        result = window == nullptr ? 0 : window->dialog->result;
-    }
-    // Before the dialog goes, so that its owner and no other program becomes active.
-    if (!ownerWasDisabled) {
-        EnableWindow(owner, TRUE);
-    }
-    DestroyWindow(dialog);
-    return result;
+    return RunModal(parent, [&](HWND owner) {
+        return MakeDialog(instance, dialogTemplate, owner, procedure, parameter);
+    });
 }
 
 BOOL EndDialog(HWND dialog, INT_PTR result) {
