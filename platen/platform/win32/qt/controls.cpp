@@ -151,12 +151,14 @@ QAbstractButton* NewButton(HWND handle, QWidget* parent) {
     return button;
 }
 
-/// Enter belongs to the dialog, unless the style keeps it.
+/// Enter belongs to the dialog, unless the style keeps it. What is drawn into a field of several
+/// lines is not shown: its text scrolls.
 class TextEdit : public Hosted<QPlainTextEdit> {
   public:
     using Hosted::Hosted;
 
   protected:
+    void paintEvent(QPaintEvent* event) override { QPlainTextEdit::paintEvent(event); }
     void keyPressEvent(QKeyEvent* event) override {
         const Window* const window = Find(Handle());
         const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

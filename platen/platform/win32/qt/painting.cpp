@@ -126,7 +126,10 @@ bool EraseBackground(HDC context, HBRUSH background) {
 }
 
 void ClearPicture(HDC context) {
-    FillClip(context, Qt::transparent);
+    const Window* const window = Find(WindowOf(context));
+    if (window != nullptr && !window->picture.isNull()) {
+        FillClip(context, Qt::transparent);
+    }
 }
 
 }  // namespace platen::win32
