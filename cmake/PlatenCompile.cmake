@@ -46,3 +46,12 @@ function(platen_drop_other_systems list)
     endif()
     set(${list} ${${list}} PARENT_SCOPE)
 endfunction()
+
+# platen_precompile(TARGET HEADER...): reads the headers that most of the target's files include once
+# a target. Off for tools that read the sources themselves.
+option(PLATEN_PRECOMPILE "Precompile what many files include" ON)
+function(platen_precompile target)
+    if(PLATEN_PRECOMPILE)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
+endfunction()
