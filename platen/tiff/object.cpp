@@ -105,12 +105,16 @@ long Tiff::ReAllocStdTiff() {
     if (m_StdDir == nullptr || m_NumIFDStdDir == std::numeric_limits<short>::max()) {
         return Fail(-4);
     }
+    // The platform may move the block whenever it grows, so it grows by a fraction of what it has.
     const auto count = static_cast<DWORD>(m_NumIFDStdDir) + 1;
-    void* grown = MEM_ReNewPtr(m_StdDir, static_cast<DWORD>(count * kRecordSize), kMovable);
-    if (grown == nullptr) {
-        return Fail(-4);
+    if (count * kRecordSize > MEM_LogSizeHandle(GlobalHandle(m_StdDir))) {
+        const auto size = static_cast<DWORD>((count + count / 2) * kRecordSize);
+        void* grown = MEM_ReNewPtr(m_StdDir, size, kMovable);
+        if (grown == nullptr) {
+            return Fail(-4);
+        }
+        m_StdDir = static_cast<TiffIFDStdDirStruct*>(grown);
     }
-    m_StdDir = static_cast<TiffIFDStdDirStruct*>(grown);
     m_StdDir[m_NumIFDStdDir++] = platen::tiff::kFreshRecord;
     return 1;
 }
