@@ -47,8 +47,6 @@ HDC AddContext(std::unique_ptr<DeviceContext> context);
 HDC NewContext(HWND window, const QRegion& clip);
 DeviceContext* FindContext(HDC context);
 std::unique_ptr<DeviceContext> TakeContext(HDC context);
-/// The window that a context draws into, or null.
-HWND WindowOf(HDC context);
 /// Where a context draws; null when its window is gone, and for a printer.
 QImage* ImageOf(DeviceContext& context);
 

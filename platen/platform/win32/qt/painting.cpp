@@ -126,7 +126,8 @@ bool EraseBackground(HDC context, HBRUSH background) {
 }
 
 void ClearPicture(HDC context) {
-    const Window* const window = Find(WindowOf(context));
+    const DeviceContext* const found = FindContext(context);
+    const Window* const window = found == nullptr ? nullptr : Find(found->window);
     if (window != nullptr && !window->picture.isNull()) {
         FillClip(context, Qt::transparent);
     }
