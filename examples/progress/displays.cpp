@@ -1,6 +1,8 @@
 #include "examples/progress/displays.h"
 
+#include <chrono>
 #include <cstdio>
+#include <thread>
 
 #include <platen/platform/win32.h>
 #include <platen/progress/progress_bar.h>
@@ -9,22 +11,32 @@
 namespace example {
 namespace {
 
+/// What happens once at a whole percentage.
+void Reach(int percent, const Script& script, const std::function<void()>& look) {
+    look();
+    if (percent == script.escapeAt) {
+        keybd_event(VK_ESCAPE, 0, 0, 0);
+    }
+    if (percent == script.holdAt) {
+        std::printf("holding at %d percent\n", percent);
+        std::fflush(stdout);
+    }
+}
+
 /// Goes through the job, or stays at a percentage, as long as `report(done)` lets it.
 template <typename Report>
-bool Compute(LongJob& job, const Script& script, Report report) {
-    bool held = false;
+bool Compute(LongJob& job, const Script& script, const std::function<void()>& look, Report report) {
+    int reached = -1;
     while (!job.IsFinished()) {
         const int percent = 100 * job.Done() / LongJob::kHeight;
-        if (percent == script.escapeAt) {
-            keybd_event(VK_ESCAPE, 0, 0, 0);
-        }
-        if (percent == script.holdAt && !held) {
-            std::printf("holding at %d percent\n", percent);
-            std::fflush(stdout);
-            held = true;
+        if (percent != reached) {
+            reached = percent;
+            Reach(percent, script, look);
         }
         if (percent != script.holdAt) {
             job.Step();
+        } else {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
         }
         if (report(job.Done()) && !job.IsFinished()) {
             return false;
@@ -33,26 +45,27 @@ bool Compute(LongJob& job, const Script& script, Report report) {
     return true;
 }
 
-bool RunWithWindow(LongJob& job, const Script& script) {
+bool RunWithWindow(LongJob& job, const Script& script, const std::function<void()>& look) {
     ProgressBar bar;
     const ProgressBarRun run(bar, "A long job");
-    return Compute(job, script, [&](int done) {
+    return Compute(job, script, look, [&](int done) {
         return bar.MonitorPercent(static_cast<unsigned long>(done), LongJob::kHeight, 1) != 0;
     });
 }
 
-bool RunWithStatusBar(LongJob& job, const Script& script) {
+bool RunWithStatusBar(LongJob& job, const Script& script, const std::function<void()>& look) {
     const StatusProgressRun run;
-    return Compute(job, script, [&](int done) {
+    return Compute(job, script, look, [&](int done) {
         return APP_MonitorPercent(static_cast<unsigned long>(done), LongJob::kHeight, 1) != 0;
     });
 }
 
 }  // namespace
 
-bool Run(LongJob& job, DisplayKind display, const Script& script) {
-    const bool finished =
-        display == DisplayKind::Window ? RunWithWindow(job, script) : RunWithStatusBar(job, script);
+bool Run(LongJob& job, DisplayKind display, const Script& script,
+         const std::function<void()>& look) {
+    const bool finished = display == DisplayKind::Window ? RunWithWindow(job, script, look)
+                                                         : RunWithStatusBar(job, script, look);
     if (script.escapeAt >= 0) {
         keybd_event(VK_ESCAPE, 0, KEYEVENTF_KEYUP, 0);
     }

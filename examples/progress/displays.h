@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "examples/progress/long_job.h"
 
 namespace example {
@@ -14,7 +16,8 @@ struct Script {
     int escapeAt = -1;  ///< presses Escape
 };
 
-/// Computes the whole job. False when the user stopped it.
-bool Run(LongJob& job, DisplayKind display, const Script& script);
+/// Computes the whole job. False when the user stopped it. `look` is called at each whole percent.
+bool Run(LongJob& job, DisplayKind display, const Script& script,
+         const std::function<void()>& look);
 
 }  // namespace example

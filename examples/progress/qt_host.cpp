@@ -42,16 +42,20 @@ class Window : public QMainWindow {
 
     void RunAndShow(DisplayKind display, const example::Script& script) {
         LongJob job;
-        const bool finished = Run(job, display, script);
+        const bool finished = Run(job, display, script, [&] { Show(job); });
+        Show(job);
         std::printf("%s at row %d of %d\n", finished ? "finished" : "stopped", job.Done(),
                     LongJob::kHeight);
         std::fflush(stdout);
+    }
+
+  private:
+    void Show(const LongJob& job) {
         m_picture->setPixmap(
             QPixmap::fromImage(QImage(job.Pixels().data(), LongJob::kWidth, LongJob::kHeight,
                                       LongJob::kWidth, QImage::Format_Grayscale8)));
     }
 
-  private:
     QLabel* m_picture;
 };
 

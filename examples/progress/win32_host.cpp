@@ -19,7 +19,7 @@ constexpr int kStatusButton = 2;
 
 void RunAndTell(HWND window, DisplayKind display, const example::Script& script) {
     example::LongJob job;
-    const bool finished = Run(job, display, script);
+    const bool finished = Run(job, display, script, [] {});
     std::printf("%s at row %d of %d\n", finished ? "finished" : "stopped", job.Done(),
                 example::LongJob::kHeight);
     std::fflush(stdout);
