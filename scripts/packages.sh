@@ -28,9 +28,14 @@ need_packages() {
     echo "== Packages: installing ${missing[*]}"
     as_root apt-get -q update >/dev/null || true
     as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get -q -y --no-install-recommends install "${missing[@]}" >/dev/null
+        apt-get -q -y --no-install-recommends install "${missing[@]}" >/dev/null || {
+        echo "These packages could not be installed: ${missing[*]}" >&2
+        return 1
+    }
 }
 
 build_packages=(cmake g++ make ninja-build libcli11-dev nlohmann-json3-dev)
 # The shared library also needs these.
 window_packages=(qt6-base-dev fonts-liberation libnetcdf-dev)
+# A build for Windows needs these, and Wine to run it.
+windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine wine64)
