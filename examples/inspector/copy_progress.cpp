@@ -1,17 +1,9 @@
 #include "examples/inspector/copy_progress.h"
 
-#include <platen/platform/afx.h>
-
 namespace inspector {
 namespace {
 
 constexpr std::chrono::milliseconds kPatience{200};
-
-void EnableMainWindow(BOOL enable) {
-    if (CWnd* window = AfxGetMainWnd()) {
-        window->EnableWindow(enable);
-    }
-}
 
 }  // namespace
 
@@ -20,7 +12,7 @@ CopyProgress::CopyProgress(const QString& title)
 
 CopyProgress::~CopyProgress() {
     if (m_run != nullptr) {
-        EnableMainWindow(TRUE);
+        vExitModal(m_bar->m_hWnd);
     }
 }
 
@@ -35,7 +27,7 @@ int CopyProgress::Show(std::int64_t done, std::int64_t total) {
         }
         m_bar = std::make_unique<ProgressBar>();
         m_run = std::make_unique<ProgressBarRun>(*m_bar, m_title.toUtf8().constData());
-        EnableMainWindow(FALSE);
+        vEnterModal(m_bar->m_hWnd);
     }
     const int percent = total > 0 ? static_cast<int>(done * 100 / total) : 0;
     const bool isNew = percent != m_shown;

@@ -6,12 +6,13 @@
 #include <memory>
 
 #include <platen/progress/progress_bar.h>
+#include <platen/ui/base_modal.h>
 
 namespace inspector {
 
 /// The library's progress window for a copy that takes longer than a moment. While it is there, the
 /// application's other windows take no input; Escape stops the copy.
-class CopyProgress {
+class CopyProgress : private CXBaseModal {
   public:
     explicit CopyProgress(const QString& title);
     ~CopyProgress();

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "examples/inspector/copy_progress.h"
+#include "examples/inspector/file_dialogs.h"
 #include "examples/inspector/printing.h"
 #include "examples/inspector/services.h"
 
