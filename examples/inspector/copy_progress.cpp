@@ -1,5 +1,7 @@
 #include "examples/inspector/copy_progress.h"
 
+#include <utility>
+
 namespace inspector {
 namespace {
 
@@ -7,8 +9,8 @@ constexpr std::chrono::milliseconds kPatience{200};
 
 }  // namespace
 
-CopyProgress::CopyProgress(const QString& title)
-    : m_title(title), m_due(Clock::now() + kPatience) {}
+CopyProgress::CopyProgress(QString title)
+    : m_title(std::move(title)), m_due(Clock::now() + kPatience) {}
 
 CopyProgress::~CopyProgress() {
     if (m_run != nullptr) {

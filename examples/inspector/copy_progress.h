@@ -14,7 +14,7 @@ namespace inspector {
 /// application's other windows take no input; Escape stops the copy.
 class CopyProgress : private CXBaseModal {
   public:
-    explicit CopyProgress(const QString& title);
+    explicit CopyProgress(QString title);
     ~CopyProgress();
     CopyProgress(const CopyProgress&) = delete;
     CopyProgress& operator=(const CopyProgress&) = delete;
