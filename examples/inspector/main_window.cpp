@@ -12,7 +12,6 @@
 #include "examples/inspector/copy_progress.h"
 #include "examples/inspector/file_dialogs.h"
 #include "examples/inspector/printing.h"
-#include "examples/inspector/services.h"
 
 namespace inspector {
 namespace {
@@ -154,10 +153,13 @@ void MainWindow::Print() {
 }
 
 void MainWindow::ChooseFont() {
-    QFont font = m_report->font();
-    if (AskForFont(font, *this)) {
-        m_report->setFont(font);
-        m_listing->setFont(font);
+    if (m_font.Edit(*this)) {
+        for (QPlainTextEdit* page : {m_report, m_listing}) {
+            QPalette colors = page->palette();
+            colors.setColor(QPalette::Text, m_font.Color());
+            page->setPalette(colors);
+            page->setFont(m_font.Font());
+        }
     }
 }
 

@@ -12,6 +12,7 @@
 #include "examples/inspector/host.h"
 #include "examples/inspector/image_view.h"
 #include "examples/inspector/tags_page.h"
+#include "examples/inspector/text_font.h"
 
 namespace inspector {
 
@@ -74,6 +75,7 @@ class MainWindow : public QMainWindow {
     QList<QAction*> m_needFile;
     QList<QAction*> m_needPicture;
     std::unique_ptr<Host> m_host;
+    TextFont m_font;
     QAction* m_stretch = nullptr;
     QAction* m_colorTable = nullptr;
 };

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QWidget>
+
+#include <platen/platform/win32.h>
+
+namespace inspector {
+
+/// The font and colour of report and listing, as the user chooses them.
+class TextFont {
+  public:
+    /// The system's font of fixed width.
+    TextFont();
+
+    /// The system's font dialog over a window; false when it was cancelled.
+    bool Edit(QWidget& parent);
+
+    [[nodiscard]] QFont Font() const;
+    [[nodiscard]] QColor Color() const;
+
+  private:
+    LOGFONT m_font = {};
+    COLORREF m_color;
+    int m_size;  ///< tenths of a point
+};
+
+}  // namespace inspector
