@@ -89,7 +89,8 @@ void LimitBy(const std::string& folder, const GroupFiles& files, MemoryFigures& 
 
 /// The group's path in a line "number:controllers:path" of the process's list.
 std::optional<std::string> GroupPath(std::string_view list, std::string_view controllers) {
-    const std::string mark = ":" + std::string(controllers) + ":";
+    std::string mark = ":";
+    mark.append(controllers).append(":");
     while (!list.empty()) {
         const std::string_view line = list.substr(0, list.find('\n'));
         if (const std::size_t at = line.find(mark); at != std::string_view::npos) {
