@@ -64,7 +64,7 @@ class Person {
     void Act() {
         const HWND active = GetActiveWindow();
         if (m_actions++ > kPatience) {
-            PostMessage(active, WM_COMMAND, IDCANCEL, 0);
+            Press(VK_ESCAPE);
         } else if (!m_acting && !IsDone()) {
             m_acting = true;
             if (m_steps[m_next](active)) {

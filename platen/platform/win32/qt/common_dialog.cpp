@@ -29,6 +29,11 @@ INT_PTR CALLBACK CommonProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
     if (auto* const answering = dynamic_cast<Answering*>(window->widget.data())) {
         answering->Answer(command);
     }
+    // A question of Qt's own may have been asked meanwhile, and not every desktop goes back then.
+    const Window* const left = Find(dialog);
+    if (left != nullptr && !left->dialog->hasEnded && GetActiveWindow() == nullptr) {
+        SetActiveWindow(dialog);
+    }
     return TRUE;
 }
 
@@ -38,6 +43,8 @@ HWND AddDialog(HWND owner) {
     window->procedure = window->windowClass->procedure;
     window->style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
     window->parent = owner;
+    // Qt deals with its focus and keys.
+    window->isHosts = true;
     window->dialog = std::make_unique<DialogState>();
     window->dialog->procedure = &CommonProcedure;
     return AddWindow(std::move(window))->handle;
@@ -70,10 +77,12 @@ bool RunCommonDialog(HWND owner, const DialogHook& hook,
         g_error = CDERR_INITIALIZATION;
         return false;
     }
+    QPointer<QWidget> widget;
     const INT_PTR result = RunModal(owner, [&](HWND top) {
         const HWND handle = AddDialog(top);
         const Window* const around = Find(top);
         const MadeDialog made = make(handle, around == nullptr ? nullptr : around->widget.data());
+        widget = made.widget;
         SetWidget(*Find(handle), made.widget);
         Find(handle)->text = made.widget->windowTitle().toStdString();
         for (const DialogPart& part : made.parts) {
@@ -84,6 +93,7 @@ bool RunCommonDialog(HWND owner, const DialogHook& hook,
         }
         return Find(handle) == nullptr ? nullptr : handle;
     });
+    Bury(widget);
     return result == IDOK;
 }
 

@@ -1,10 +1,14 @@
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -78,7 +82,7 @@ class FileDialog : public CommonDialog<QFileDialog> {
         setFileMode(opens && (wanted.Flags & OFN_ALLOWMULTISELECT) != 0 ? ExistingFiles
                     : opens && (wanted.Flags & OFN_FILEMUSTEXIST) != 0  ? ExistingFile
                                                                         : AnyFile);
-        setViewMode(Detail);
+        ShowDetails();
         setWindowTitle(wanted.lpstrTitle != nullptr ? QString::fromUtf8(wanted.lpstrTitle)
                        : opens                      ? tr("Open")
                                                     : tr("Save As"));
@@ -104,6 +108,7 @@ class FileDialog : public CommonDialog<QFileDialog> {
   protected:
     void Confirm() override {
         setDefaultSuffix(QString());
+        HeedTypedNames();
         const QStringList typed = selectedFiles();
         const auto exists = [](const QString& path) { return QFileInfo::exists(path); };
         if (m_addsExtension && !(m_opens && std::ranges::all_of(typed, exists))) {
@@ -127,6 +132,33 @@ class FileDialog : public CommonDialog<QFileDialog> {
     }
 
   private:
+    /// Qt takes what is marked in the list, where typed names that the filter hides are missing.
+    /// The marks count only when the field says the same.
+    void HeedTypedNames() {
+        QStringList marked;
+        for (const QString& path : selectedFiles()) {
+            marked.push_back(QFileInfo(path).fileName());
+        }
+        const QString text =
+            marked.size() == 1 ? marked.front() : '"' + marked.join(QStringLiteral("\" \"")) + '"';
+        const auto* const field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* const list = findChild<QListView*>(QStringLiteral("listView"));
+        if (field != nullptr && list != nullptr && field->text() != text) {
+            list->clearSelection();
+        }
+    }
+
+    /// Sizes, kinds and dates in full.
+    void ShowDetails() {
+        setViewMode(Detail);
+        if (auto* const files = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+            files->header()->setStretchLastSection(false);
+            files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+            files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        }
+        resize(fontMetrics().averageCharWidth() * 120, fontMetrics().height() * 32);
+    }
+
     void OfferFilters(DWORD first) {
         QStringList names;
         for (const Filter& filter : m_filters) {
@@ -155,7 +187,8 @@ class FileDialog : public CommonDialog<QFileDialog> {
     }
 
     [[nodiscard]] qsizetype FilterIndex() const {
-        return nameFilters().indexOf(selectedNameFilter());
+        const auto* const kinds = findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        return kinds == nullptr ? -1 : kinds->currentIndex();
     }
 
     FileChoice& m_choice;

@@ -301,7 +301,9 @@ class FontDialog : public CommonDialog<QDialog> {
         return m_styles[static_cast<std::size_t>(std::max(m_style->Index(), 0))];
     }
     [[nodiscard]] bool HasFace() const { return m_face->Index() >= 0; }
-    [[nodiscard]] bool IsInitialFace() const { return m_face->Text() == FaceOf(m_initial); }
+    [[nodiscard]] bool IsInitialFace() const {
+        return m_face->Field()->text() == FaceOf(m_initial);
+    }
 
     /// The sample shows what is chosen.
     void Follow() {

@@ -56,7 +56,8 @@ void ListField::SetText(const QString& text) {
 }
 
 QString ListField::Text() const {
-    return m_field->text();
+    const QListWidgetItem* const item = m_list->currentItem();
+    return item == nullptr ? m_field->text() : item->text();
 }
 
 bool ListField::eventFilter(QObject* watched, QEvent* event) {

@@ -21,6 +21,7 @@ class ListField : public QWidget {
     void Select(int index);
     [[nodiscard]] int Index() const;
     void SetText(const QString& text);
+    /// As the list spells it, or as it was typed.
     [[nodiscard]] QString Text() const;
     [[nodiscard]] QLineEdit* Field() const { return m_field; }
 
