@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include <platen/platform/win32/qt/common_dialog.h>
 #include <platen/platform/win32/qt/device_figures.h>
@@ -45,6 +46,8 @@ std::vector<Style> StylesOf(const QString& face) {
         styles.push_back(
             {name, QFontDatabase::weight(face, name), QFontDatabase::italic(face, name)});
     }
+    std::ranges::stable_sort(
+        styles, {}, [](const Style& style) { return std::pair(style.weight, style.isItalic); });
     if (styles.empty()) {
         styles = {{QStringLiteral("Regular"), FW_NORMAL, false},
                   {QStringLiteral("Italic"), FW_NORMAL, true},
@@ -218,6 +221,7 @@ class FontDialog : public CommonDialog<QDialog> {
         m_sample->setAutoFillBackground(true);
         m_sample->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
         m_sample->setBackgroundRole(QPalette::Base);
+        m_sample->setForegroundRole(QPalette::WindowText);
         // A large font is cut off; the dialog keeps its size.
         m_sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
         m_sample->setMinimumHeight(fontMetrics().height() * 4);

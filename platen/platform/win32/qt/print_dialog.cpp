@@ -1,5 +1,6 @@
 #include <QDialogButtonBox>
 #include <QFile>
+#include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -100,12 +101,22 @@ class PrintDialog : public CommonDialog<QPrintDialog> {
         } else if ((record.Flags & PD_SELECTION) != 0) {
             setPrintRange(Selection);
         }
+        ProposeFile();
     }
 
     [[nodiscard]] std::vector<DialogPart> Parts() const {
         const auto* const buttons = findChild<QDialogButtonBox*>();
         return {{buttons->button(QDialogButtonBox::Ok), IDOK, "BUTTON"},
                 {buttons->button(QDialogButtonBox::Cancel), IDCANCEL, "BUTTON"}};
+    }
+
+  private:
+    /// Not on every desktop does Qt propose more than a folder to print into.
+    void ProposeFile() {
+        auto* const file = findChild<QLineEdit*>(QStringLiteral("filename"));
+        if (file != nullptr && file->text().endsWith('/')) {
+            file->setText(file->text() + QStringLiteral("print.pdf"));
+        }
     }
 };
 
