@@ -119,6 +119,7 @@ TEST(Buffer, CopiesReleaseTheirBlockTwiceOrNever) {
     copy = CBuffer(3, nullptr);
     EXPECT_EQ(static_cast<char*>(MEM_LockHandle(assigned.m_hMem))[0], 'a');
     EXPECT_EQ(CBuffer(0).GetSize(), 0U);
+    EXPECT_EQ(CBuffer::operator new(sizeof(CBuffer)), nullptr);
 }
 
 }  // namespace

@@ -1,4 +1,7 @@
 #include <functional>
+#include <utility>
+
+#include <platen/tiff/tags.h>
 
 #include "tests/tiff_writing.h"
 
@@ -157,6 +160,29 @@ std::string WordLines() {
 
 TEST(Listing, AWordIsThatOfAnotherValue) {
     EXPECT_EQ(WordLines(), FileContents(PLATEN_TEST_DATA "/words.listing"));
+    EXPECT_EQ(platen::TagWord(256, 1), nullptr);
+}
+
+TEST(TagNames, ANameLeadsToAnotherTag) {
+    int named = 0;
+    for (int number = 0; number <= 65535; ++number) {
+        const auto tag = static_cast<std::uint16_t>(number);
+        const char* name = platen::TagName(tag);
+        if (name != nullptr) {
+            EXPECT_EQ(platen::TagNumber(name), tag) << name;
+            ++named;
+        }
+    }
+    EXPECT_GE(named, 56);
+    for (const auto& [name, tag] : {std::pair{"group3options", 292},
+                                    {"T4Options", 292},
+                                    {"Group4Options", 293},
+                                    {"ColorResponseCurve", 301},
+                                    {"COLORRESPONSECURVES", 301},
+                                    {"ImageWidths", 0},
+                                    {"", 0}}) {
+        EXPECT_EQ(platen::TagNumber(name), tag) << name;
+    }
 }
 
 }  // namespace

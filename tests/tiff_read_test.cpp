@@ -197,6 +197,12 @@ TEST(Blocks, ARawBlockMovesTheFileOrReadsBeyondIt) {
     tiff.Close(handle);
 }
 
+TEST(ByteOrder, AnyWordButIntelLeavesTheBytes) {
+    EXPECT_EQ(SwapSHORT(0x1234, 0x4949), 0x1234);
+    EXPECT_EQ(SwapSHORT(0x1234, 0x4D4D), 0x3412);
+    EXPECT_EQ(SwapSHORT(0x1234, 0), 0x3412);
+}
+
 TEST(Object, ItsMembersStartOrResetWrong) {
     Tiff tiff;
     tiff.SetFileName("first");

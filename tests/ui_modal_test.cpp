@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <platen/ui/modal_dialogs.h>
-#include <platen/ui/notifier.h>
+#include <platen/platen.h>
 
 #include "tests/support/windows/host_application.h"
 #include "tests/support/windows/person.h"
@@ -207,10 +206,23 @@ TEST(Notifiers, DefaultsAreNotNeutral) {
     EXPECT_EQ(assigned.bGetEnableDrawFlag(), 7);
     EXPECT_EQ(copy.isModified(), 0);
     EXPECT_EQ(copy.onSelect(-3), -3);
-    EXPECT_EQ(copy.mouseMove(0, CPoint(1, 2)), 0);
+    for (const auto event :
+         {&Notifier::mouseMove, &Notifier::lButtonDown, &Notifier::lButtonUp,
+          &Notifier::lButtonDblClk, &Notifier::rButtonDown, &Notifier::rButtonUp}) {
+        EXPECT_EQ((copy.*event)(0, CPoint(1, 2)), 0);
+    }
+    for (const auto event : {&Notifier::keyChar, &Notifier::keyDown, &Notifier::keyUp}) {
+        EXPECT_EQ((copy.*event)('A', 1, 0), 0);
+    }
+    EXPECT_EQ(copy.onRename(Notifier::TX_BEGIN, &source), 1);
     EXPECT_EQ(copy.onSize(Notifier::TX_END, 3, 4), 1);
+    EXPECT_EQ(copy.onSize(Notifier::TX_END), 1);
+    EXPECT_EQ(copy.onMove(Notifier::TX_END, -3, 4), 1);
+    EXPECT_EQ(copy.onMove(Notifier::TX_END), 1);
     EXPECT_EQ(copy.onDestroy(), 0);
+    EXPECT_EQ(copy.remove(), 1);
     EXPECT_EQ(copy.remove(&source), 1);
+    EXPECT_EQ(copy.getAction(), 0U);
     EXPECT_EQ(copy.getData(), nullptr);
     EXPECT_EQ(copy.getInspector(), nullptr);
     CString text = "abc";
