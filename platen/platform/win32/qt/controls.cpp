@@ -151,14 +151,12 @@ QAbstractButton* NewButton(HWND handle, QWidget* parent) {
     return button;
 }
 
-/// Enter belongs to the dialog, unless the style keeps it. What is drawn into a field of several
-/// lines is not shown: its text scrolls.
+/// Enter belongs to the dialog, unless the style keeps it.
 class TextEdit : public Hosted<QPlainTextEdit> {
   public:
     using Hosted::Hosted;
 
   protected:
-    void paintEvent(QPaintEvent* event) override { QPlainTextEdit::paintEvent(event); }
     void keyPressEvent(QKeyEvent* event) override {
         const Window* const window = Find(Handle());
         const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -295,7 +293,8 @@ LRESULT ButtonProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
                 }
             });
         case BM_GETCHECK:
-            return button != nullptr && button->isChecked() ? BST_CHECKED : BST_UNCHECKED;
+            return static_cast<LRESULT>(button != nullptr && button->isChecked() ? BST_CHECKED
+                                                                                 : BST_UNCHECKED);
         case BM_SETCHECK:
             if (button != nullptr) {
                 button->setChecked(wParam == BST_CHECKED);

@@ -2,8 +2,8 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QBasicTimer>
 #include <QPointer>
-#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 #include <clocale>
@@ -120,17 +120,20 @@ class Watcher : public QObject {
         }
     }
 
+    void timerEvent(QTimerEvent* /*event*/) override {
+        m_leaving.stop();
+        if (QGuiApplication::focusWindow() == nullptr) {
+            FollowActiveWindow(nullptr);
+        }
+    }
+
   private:
     void FollowWindow(const QWindow* window) {
         if (window != nullptr) {
             FollowActiveWindow(WidgetOf(window));
             return;
         }
-        QTimer::singleShot(kLeaveDelay, this, [] {
-            if (QGuiApplication::focusWindow() == nullptr) {
-                FollowActiveWindow(nullptr);
-            }
-        });
+        m_leaving.start(kLeaveDelay, this);
     }
 
     /// A host's own loop is about to sleep while messages wait.
@@ -142,6 +145,7 @@ class Watcher : public QObject {
     }
 
     bool m_isWaking = false;
+    QBasicTimer m_leaving;
 };
 
 QPointer<Watcher>& TheWatcher() {

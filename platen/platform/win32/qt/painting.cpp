@@ -1,5 +1,6 @@
 #include <platen/platform/win32/qt/painting.h>
 
+#include <QAbstractScrollArea>
 #include <QPainter>
 #include <algorithm>
 
@@ -66,7 +67,9 @@ void Invalidate(HWND handle, const RECT* rectangle, bool erase) {
 
 void PaintPicture(HWND handle, QWidget& widget) {
     const Window* const window = Find(handle);
-    if (window != nullptr && !window->picture.isNull()) {
+    // A field of several lines scrolls, and has no picture to scroll with it.
+    const bool scrolls = qobject_cast<QAbstractScrollArea*>(&widget) != nullptr;
+    if (window != nullptr && !window->picture.isNull() && !scrolls) {
         QPainter(&widget).drawImage(window->border, window->border, window->picture);
     }
 }
