@@ -9,6 +9,7 @@
 #include <platen/platform/afx/dialog_template.h>
 #include <platen/platform/afx/file_status.h>
 #include <platen/platform/afx/frame.h>
+#include <platen/platform/afx/gdi_object.h>
 #include <platen/platform/afx/geometry.h>
 #include <platen/platform/afx/message_map.h>
 #include <platen/platform/afx/object.h>

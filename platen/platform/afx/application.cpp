@@ -1,4 +1,5 @@
 #include <platen/platform/afx/application.h>
+#include <platen/platform/afx/gdi_object.h>
 
 IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
@@ -32,6 +33,7 @@ int CWinThread::ExitInstance() {
 BOOL CWinThread::OnIdle(LONG count) {
     if (count == 0) {
         CWnd::DeleteTempMap();
+        CGdiObject::DeleteTempMap();
     }
     return FALSE;
 }

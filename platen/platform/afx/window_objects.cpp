@@ -1,11 +1,13 @@
-#include <platen/platform/afx/window_table.h>
+#include <platen/platform/afx/object_table.h>
 #include <platen/platform/afx/wnd.h>
 #include <platen/platform/afx/wnd_procedure.h>
 
 namespace {
 
-constinit platen::afx::WindowTable g_permanent;
-constinit platen::afx::WindowTable g_temporary;
+using WindowTable = platen::afx::ObjectTable<CWnd, &CWnd::m_hWnd>;
+
+constinit WindowTable g_permanent;
+constinit WindowTable g_temporary;
 
 /// A temporary object never destroys its window.
 void DeleteTemporary(CWnd* object) {

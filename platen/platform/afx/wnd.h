@@ -9,7 +9,8 @@ class CWnd;
 struct CCreateContext;
 
 namespace platen::afx {
-class WindowTable;
+template <class Object, auto HandleOf>
+class ObjectTable;
 }
 
 /// A window as an object. Windows and their objects belong to the thread of the user interface.
@@ -164,7 +165,8 @@ class PLATEN_API CWnd : public CCmdTarget {
     DECLARE_MESSAGE_MAP()
 
   private:
-    friend class platen::afx::WindowTable;
+    template <class Object, auto HandleOf>
+    friend class platen::afx::ObjectTable;
 
     WNDPROC m_below = nullptr;  ///< the procedure of a subclassed window
     CWnd* m_next = nullptr;     ///< the table's chain

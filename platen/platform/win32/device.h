@@ -28,6 +28,8 @@ inline constexpr int DT_RASDISPLAY = 1;
 inline constexpr int DT_RASPRINTER = 2;
 /// @}
 
+struct DEVMODE;
+
 struct DOCINFO {
     int cbSize;
     LPCSTR lpszDocName;
@@ -41,7 +43,7 @@ inline constexpr int SP_ERROR = -1;
 extern "C" {
 /// A context for measuring on "DISPLAY", which draws nowhere; 0 for other devices. DeleteDC ends
 /// it. The last two arguments are not looked at.
-PLATEN_API HDC CreateDC(LPCSTR driver, LPCSTR device, LPCSTR output, const void* settings);
+PLATEN_API HDC CreateDC(LPCSTR driver, LPCSTR device, LPCSTR output, const DEVMODE* settings);
 /// 0 for what is not listed above.
 PLATEN_API int GetDeviceCaps(HDC context, int index);
 /// A picture to be selected for one memory context at a time, which DeleteObject ends; 0 for a

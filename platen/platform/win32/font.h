@@ -7,10 +7,10 @@
 /// Fonts and text.
 ///
 /// Contract: heights and widths are in the logical units of the context that the font is selected
-/// for; there they become whole pixels, and metrics are those pixels in logical units again. A face
-/// that the system lacks is replaced by one that resembles it. Text is UTF-8. Angles count
-/// counter-clockwise in the device's picture. Known gaps: character sets and precisions are kept
-/// but have no effect.
+/// for. There they become whole pixels, at least one, and what is beyond whole ones is dropped;
+/// metrics are those pixels in logical units again. A face that the system lacks is replaced by one
+/// that resembles it. Text is UTF-8. Angles count counter-clockwise in the device's picture. Known
+/// gaps: character sets and precisions are kept but have no effect.
 
 inline constexpr BYTE NONANTIALIASED_QUALITY = 3;
 inline constexpr BYTE ANTIALIASED_QUALITY = 4;

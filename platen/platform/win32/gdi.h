@@ -24,6 +24,11 @@ inline constexpr int NULL_PEN = 8;
 inline constexpr int SYSTEM_FONT = 13;
 inline constexpr int DEFAULT_GUI_FONT = 17;
 
+inline constexpr DWORD OBJ_PEN = 1;
+inline constexpr DWORD OBJ_BRUSH = 2;
+inline constexpr DWORD OBJ_FONT = 6;
+inline constexpr DWORD OBJ_BITMAP = 7;
+
 inline constexpr DWORD BLACKNESS = 0x00000042;
 inline constexpr DWORD PATCOPY = 0x00F00021;
 inline constexpr DWORD WHITENESS = 0x00FF0062;
@@ -46,6 +51,8 @@ PLATEN_API HGDIOBJ GetStockObject(int index);
 /// Answers the object of the same kind that was selected; 0 on failure. A font may be deleted while
 /// it is selected, a bitmap not.
 PLATEN_API HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
+/// What kind of object that is, OBJ_; 0 for none.
+PLATEN_API DWORD GetObjectType(HGDIOBJ object);
 /// Stock objects stay.
 PLATEN_API BOOL DeleteObject(HGDIOBJ object);
 

@@ -46,12 +46,12 @@ int Capability(const DeviceFigures& figures, int index) {
     }
 }
 
-/// A bitmap is lent to one memory context at a time; null is the context's own.
-bool SelectBitmap(HDC handle, DeviceContext& context, HGDIOBJ bitmap) {
+/// A bitmap is lent to one memory context at a time.
+HGDIOBJ SelectBitmap(HDC handle, DeviceContext& context, HGDIOBJ bitmap) {
     GraphicsObject* const chosen = FindGraphicsObject(bitmap);
     const bool isLent = chosen != nullptr && chosen->holder != nullptr && chosen->holder != handle;
     if (!context.IsMemory() || isLent) {
-        return false;
+        return nullptr;
     }
     if (GraphicsObject* const before = FindGraphicsObject(context.bitmap)) {
         before->holder = nullptr;
@@ -59,9 +59,9 @@ bool SelectBitmap(HDC handle, DeviceContext& context, HGDIOBJ bitmap) {
     if (chosen != nullptr) {
         chosen->holder = handle;
     }
-    context.bitmap = bitmap;
+    const HGDIOBJ before = std::exchange(context.bitmap, bitmap);
     context.clip = context.MemoryImage()->rect();
-    return true;
+    return before;
 }
 
 }  // namespace
@@ -96,8 +96,9 @@ DeviceContext* FindContext(HDC context) {
 
 std::unique_ptr<DeviceContext> TakeContext(HDC context) {
     auto taken = Contexts().Take(context);
-    if (taken != nullptr && taken->bitmap != nullptr) {
-        FindGraphicsObject(taken->bitmap)->holder = nullptr;
+    GraphicsObject* const lent = taken == nullptr ? nullptr : FindGraphicsObject(taken->bitmap);
+    if (lent != nullptr) {
+        lent->holder = nullptr;
     }
     return taken;
 }
@@ -108,30 +109,28 @@ using namespace platen::win32;
 
 HGDIOBJ SelectObject(HDC context, HGDIOBJ object) {
     DeviceContext* const found = FindContext(context);
-    const GraphicsObject* const made = FindGraphicsObject(object);
-    const int stock = StockIndex(object);
     if (found == nullptr) {
         return nullptr;
     }
-    if (made != nullptr && std::holds_alternative<LOGFONT>(made->content)) {
-        found->fontRecord = std::get<LOGFONT>(made->content);
-        return std::exchange(found->font, object);
+    const GraphicsObject* const made = FindGraphicsObject(object);
+    switch (GetObjectType(object)) {
+        case OBJ_BRUSH:
+            return std::exchange(found->brush, object);
+        case OBJ_PEN:
+            return std::exchange(found->pen, object);
+        case OBJ_FONT:
+            if (made != nullptr) {
+                found->fontRecord = std::get<LOGFONT>(made->content);
+            }
+            return std::exchange(found->font, object);
+        case OBJ_BITMAP:
+            return SelectBitmap(context, *found, object);
+        default:
+            return nullptr;
     }
-    const HGDIOBJ ownBitmap = StockObject(kOwnBitmap);
-    if (made != nullptr || stock == kOwnBitmap) {
-        const HGDIOBJ before = found->bitmap == nullptr ? ownBitmap : found->bitmap;
-        return SelectBitmap(context, *found, made != nullptr ? object : nullptr) ? before : nullptr;
-    }
-    if (stock < 0) {
-        return nullptr;
-    }
-    if (stock <= NULL_BRUSH) {
-        return std::exchange(found->brush, object);
-    }
-    return std::exchange(stock <= NULL_PEN ? found->pen : found->font, object);
 }
 
-HDC CreateDC(LPCSTR driver, LPCSTR /*device*/, LPCSTR /*output*/, const void* /*settings*/) {
+HDC CreateDC(LPCSTR driver, LPCSTR /*device*/, LPCSTR /*output*/, const DEVMODE* /*settings*/) {
     const bool isDisplay = driver != nullptr && std::string_view(driver) == "DISPLAY";
     return isDisplay ? AddContext(std::make_unique<DeviceContext>(DisplayFigures())) : nullptr;
 }

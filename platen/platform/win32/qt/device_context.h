@@ -30,11 +30,11 @@ struct DeviceContext : ContextState {
     explicit DeviceContext(const DeviceFigures& device);
 
     DeviceFigures figures;
-    HWND window = nullptr;     ///< whose client area is drawn on, or null
-    QRegion clip;              ///< in device units
-    QRegion drawn;             ///< what has to be shown
-    QImage ownImage;           ///< a memory context's before a bitmap is selected
-    HGDIOBJ bitmap = nullptr;  ///< a memory context's selected one, or null for `ownImage`
+    HWND window = nullptr;                     ///< whose client area is drawn on, or null
+    QRegion clip;                              ///< in device units
+    QRegion drawn;                             ///< what has to be shown
+    QImage ownImage;                           ///< a memory context's before a bitmap is selected
+    HGDIOBJ bitmap = StockObject(kOwnBitmap);  ///< a memory context's: its own or a selected one
     std::unique_ptr<PrintJob> printJob;
     std::vector<ContextState> saved;
 

@@ -83,6 +83,21 @@ HGDIOBJ GetStockObject(int index) {
     return isOne ? StockObject(index) : nullptr;
 }
 
+DWORD GetObjectType(HGDIOBJ object) {
+    const GraphicsObject* const made = Objects().Find(object);
+    if (made != nullptr) {
+        return std::holds_alternative<LOGFONT>(made->content) ? OBJ_FONT : OBJ_BITMAP;
+    }
+    const int stock = StockIndex(object);
+    if (stock < 0) {
+        return 0;
+    }
+    if (stock == kOwnBitmap) {
+        return OBJ_BITMAP;
+    }
+    return stock <= NULL_BRUSH ? OBJ_BRUSH : stock <= NULL_PEN ? OBJ_PEN : OBJ_FONT;
+}
+
 HFONT CreateFontIndirect(const LOGFONT* font) {
     return font == nullptr ? nullptr : static_cast<HFONT>(AddObject(*font));
 }

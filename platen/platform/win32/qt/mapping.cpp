@@ -38,8 +38,14 @@ LONG Mapped(LONG value, LONG fromOrg, LONG fromExt, LONG toOrg, LONG toExt) {
     return Clamped(Scaled(std::int64_t{value} - fromOrg, toExt, fromExt) + toOrg);
 }
 
-LONG Distance(LONG value, LONG fromExt, LONG toExt) {
-    const std::int64_t length = std::abs(Scaled(std::abs(std::int64_t{value}), toExt, fromExt));
+LONG WholePixels(LONG value, LONG windowExt, LONG viewportExt) {
+    const std::int64_t length = std::abs(std::int64_t{value} * viewportExt / windowExt);
+    return Clamped(value < 0 ? -length : length);
+}
+
+LONG NearestUnits(LONG value, LONG windowExt, LONG viewportExt) {
+    const std::int64_t length =
+        std::abs(Scaled(std::abs(std::int64_t{value}), windowExt, viewportExt));
     return Clamped(value < 0 ? -length : length);
 }
 
@@ -136,19 +142,19 @@ POINT Mapping::ToLogical(POINT point) const {
 }
 
 LONG Mapping::DeviceHeight(LONG height) const {
-    return Distance(height, m_windowExt.cy, m_viewportExt.cy);
+    return WholePixels(height, m_windowExt.cy, m_viewportExt.cy);
 }
 
 LONG Mapping::DeviceWidth(LONG width) const {
-    return Distance(width, m_windowExt.cx, m_viewportExt.cx);
+    return WholePixels(width, m_windowExt.cx, m_viewportExt.cx);
 }
 
 LONG Mapping::LogicalHeight(LONG height) const {
-    return Distance(height, m_viewportExt.cy, m_windowExt.cy);
+    return NearestUnits(height, m_windowExt.cy, m_viewportExt.cy);
 }
 
 LONG Mapping::LogicalWidth(LONG width) const {
-    return Distance(width, m_viewportExt.cx, m_windowExt.cx);
+    return NearestUnits(width, m_windowExt.cx, m_viewportExt.cx);
 }
 
 }  // namespace platen::win32

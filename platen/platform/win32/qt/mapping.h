@@ -32,7 +32,8 @@ class Mapping {
     /// Rounded to the nearest unit, halves up; what is beyond 32 bits becomes the outermost value.
     [[nodiscard]] POINT ToDevice(POINT point) const;
     [[nodiscard]] POINT ToLogical(POINT point) const;
-    /// A vertical or horizontal distance in pixels, and back, whichever way the axes point.
+    /// A vertical or horizontal distance in whole pixels, without what is beyond them, and back to
+    /// the nearest unit, whichever way the axes point.
     [[nodiscard]] LONG DeviceHeight(LONG height) const;
     [[nodiscard]] LONG DeviceWidth(LONG width) const;
     [[nodiscard]] LONG LogicalHeight(LONG height) const;

@@ -3,31 +3,34 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-
-#include <platen/platform/afx/wnd.h>
+#include <type_traits>
+#include <utility>
 
 namespace platen::afx {
 
-/// Window objects by handle. The chains run through the objects, so that entering one needs no
-/// memory, and a table of static storage serves objects that are destroyed after it.
-class WindowTable {
+/// Objects by handle. The chains run through the objects, so that entering one needs no memory, and
+/// a table of static storage serves objects that are destroyed after it.
+template <class Object, auto HandleOf>
+class ObjectTable {
+    using Handle = std::remove_cvref_t<decltype(std::declval<Object&>().*HandleOf)>;
+
   public:
-    [[nodiscard]] CWnd* Find(HWND window) const {
-        CWnd* object = m_chains[Index(window)];
-        while (object != nullptr && object->m_hWnd != window) {
+    [[nodiscard]] Object* Find(Handle handle) const {
+        Object* object = m_chains[Index(handle)];
+        while (object != nullptr && object->*HandleOf != handle) {
             object = object->m_next;
         }
         return object;
     }
 
-    void Insert(CWnd& object) {
-        CWnd*& first = m_chains[Index(object.m_hWnd)];
+    void Insert(Object& object) {
+        Object*& first = m_chains[Index(object.*HandleOf)];
         object.m_next = first;
         first = &object;
     }
 
-    void Remove(CWnd& object) {
-        CWnd** link = &m_chains[Index(object.m_hWnd)];
+    void Remove(Object& object) {
+        Object** link = &m_chains[Index(object.*HandleOf)];
         while (*link != nullptr && *link != &object) {
             link = &(*link)->m_next;
         }
@@ -39,10 +42,10 @@ class WindowTable {
     /// Removes the objects that fit, and hands each one over.
     template <class Fits, class Take>
     void RemoveIf(Fits fits, Take take) {
-        for (CWnd*& first : m_chains) {
-            CWnd** link = &first;
+        for (Object*& first : m_chains) {
+            Object** link = &first;
             while (*link != nullptr) {
-                CWnd* object = *link;
+                Object* object = *link;
                 if (fits(*object)) {
                     *link = object->m_next;
                     take(object);
@@ -54,13 +57,13 @@ class WindowTable {
     }
 
   private:
-    static std::size_t Index(HWND window) {
-        const auto bits = reinterpret_cast<std::uintptr_t>(window);
+    static std::size_t Index(Handle handle) {
+        const auto bits = reinterpret_cast<std::uintptr_t>(handle);
         return (bits ^ (bits >> 4) ^ (bits >> 10)) % kChains;
     }
 
     static constexpr std::size_t kChains = 64;
-    std::array<CWnd*, kChains> m_chains = {};
+    std::array<Object*, kChains> m_chains = {};
 };
 
 }  // namespace platen::afx
