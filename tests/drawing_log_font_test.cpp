@@ -8,7 +8,7 @@
 
 namespace {
 
-TEST(LogFont, DescribesWhatItIsBuiltFrom) {
+TEST(LogFont, FieldsAreLostOrNamesCutWrongly) {
     const CLogFont usual;
     EXPECT_TRUE(usual == CLogFont(-100, "Arial", 0));
     const CLogFont full(-120, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, "Face");
@@ -34,7 +34,7 @@ TEST(LogFont, DescribesWhatItIsBuiltFrom) {
                  "thirty bytes and then umlaut \xC3\xA4");
 }
 
-TEST(LogFont, ComparesEveryField) {
+TEST(LogFont, AFieldIsNotCompared) {
     const CLogFont font;
     const auto differs = [&font](auto change) {
         CLogFont other;
@@ -55,7 +55,7 @@ TEST(LogFont, ComparesEveryField) {
     EXPECT_EQ(other == font, 1) << "what follows the name's end counts";
 }
 
-TEST(LogFont, PointsBecomePixelsOfTheDisplay) {
+TEST(LogFont, PointsBecomeOtherPixels) {
     CDC display;
     display.CreateDC("DISPLAY", nullptr, nullptr, nullptr);
     const int perInch = display.GetDeviceCaps(LOGPIXELSY);
@@ -81,7 +81,7 @@ TEST(LogFont, PointsBecomePixelsOfTheDisplay) {
     EXPECT_NEAR(font.lfHeight, -14, 1) << "the size 0 does not stand for the usual one";
 }
 
-TEST(LogFont, MappingLeavesTheContextAsItWas) {
+TEST(LogFont, MappingChangesTheContext) {
     CDC context;
     context.CreateCompatibleDC(nullptr);
     const LOGFONT record = CLogFont(300, "Arial", 0);
@@ -112,7 +112,7 @@ TEST(LogFont, MappingLeavesTheContextAsItWas) {
     }
 }
 
-TEST(LogFont, SizesWithoutBoundDoNoHarm) {
+TEST(LogFont, SizesWithoutBoundDoHarm) {
     for (const int size : {INT_MIN, INT_MAX, 2'000'000, 1}) {
         CLogFont font(size, nullptr, 0);
         EXPECT_GT(font.m_iPointSize, 0);

@@ -28,7 +28,7 @@ CPoint Expected(const CDC& context, const CPoint& point) {
             place(point.y - from.y, double(viewport.cy) / double(window.cy), to.y)};
 }
 
-TEST(Mapping, PointsGoWhereExtentsAndOriginsSay) {
+TEST(Mapping, PointsMissTheirPlace) {
     CDC context;
     ASSERT_TRUE(context.CreateCompatibleDC(nullptr));
     const Step steps[] = {
@@ -54,7 +54,7 @@ TEST(Mapping, PointsGoWhereExtentsAndOriginsSay) {
     }
 }
 
-TEST(Mapping, HalvesGoUp) {
+TEST(Mapping, HalvesGoDown) {
     CDC context;
     context.CreateCompatibleDC(nullptr);
     context.SetMapMode(MM_ANISOTROPIC);
@@ -67,7 +67,7 @@ TEST(Mapping, HalvesGoUp) {
     }
 }
 
-TEST(Mapping, PresetsFollowTheDevicesSize) {
+TEST(Mapping, PresetsMissTheDevicesSize) {
     CDC context;
     ASSERT_TRUE(context.CreateDC("DISPLAY", nullptr, nullptr, nullptr));
     const CSize pixels(context.GetDeviceCaps(HORZRES), context.GetDeviceCaps(VERTRES));
@@ -93,7 +93,7 @@ TEST(Mapping, PresetsFollowTheDevicesSize) {
     EXPECT_EQ(context.GetWindowExt(), CSize(1, 1));
 }
 
-TEST(Mapping, IsotropicUnitsAreSquare) {
+TEST(Mapping, IsotropicUnitsAreNotSquare) {
     CDC context;
     context.CreateCompatibleDC(nullptr);
     context.SetMapMode(MM_ISOTROPIC);
@@ -107,7 +107,7 @@ TEST(Mapping, IsotropicUnitsAreSquare) {
     EXPECT_EQ(context.GetViewportExt(), CSize(-1, 1)) << "an extent of zero counts";
 }
 
-TEST(Mapping, SavedSettingsComeBack) {
+TEST(Mapping, SavedSettingsAreLost) {
     CDC context;
     context.CreateCompatibleDC(nullptr);
     EXPECT_EQ(context.SaveDC(), 1);
@@ -125,7 +125,7 @@ TEST(Mapping, SavedSettingsComeBack) {
     EXPECT_FALSE(context.RestoreDC(-1));
 }
 
-TEST(Mapping, WithoutAContextNothingHappens) {
+TEST(Mapping, WithoutAContextSomethingHappens) {
     CDC none;
     CPoint point(3, 4);
     none.LPtoDP(&point);

@@ -70,7 +70,7 @@ TEXTMETRIC MetricsOf(CDC& context, const LOGFONT& record) {
     return metrics;
 }
 
-TEST(Fonts, HeightsAreOfCharactersOrOfLines) {
+TEST(Fonts, HeightsMeanSomethingElse) {
     CDC context;
     context.CreateCompatibleDC(nullptr);
     const TEXTMETRIC characters = MetricsOf(context, Record(-40));
@@ -90,7 +90,7 @@ TEST(Fonts, HeightsAreOfCharactersOrOfLines) {
     EXPECT_NEAR(MetricsOf(context, wide).tmAveCharWidth, 60, 1);
 }
 
-TEST(Fonts, MetricsAreInLogicalUnits) {
+TEST(Fonts, MetricsAreInOtherUnits) {
     CDC context;
     context.CreateCompatibleDC(nullptr);
     const TEXTMETRIC pixels = MetricsOf(context, Record(-40));
@@ -103,7 +103,7 @@ TEST(Fonts, MetricsAreInLogicalUnits) {
     EXPECT_EQ(units.tmMaxCharWidth, pixels.tmMaxCharWidth * 5);
 }
 
-TEST(Fonts, AFontOutlivesItsHandleWhileSelected) {
+TEST(Fonts, ADeletedFontIsGoneWhileSelected) {
     CDC context;
     context.CreateCompatibleDC(nullptr);
     const LOGFONT record = Record(-50);
@@ -126,7 +126,7 @@ TEST(Fonts, AFontOutlivesItsHandleWhileSelected) {
     EXPECT_FALSE(none.CreateFontIndirect(nullptr));
 }
 
-TEST(Text, StandsBelowAndRightOfItsPoint) {
+TEST(Text, StandsElsewhere) {
     Canvas canvas(Record(-30));
     canvas.context.TextOut(5, 5, "HH", 1);
     const CRect letter = canvas.Drawn();
@@ -140,7 +140,7 @@ TEST(Text, StandsBelowAndRightOfItsPoint) {
     EXPECT_NEAR(extent.cy, 33, 1);
 }
 
-TEST(Text, TurnsAndScales) {
+TEST(Text, DoesNotTurnOrScale) {
     LOGFONT record = Record(-30);
     record.lfEscapement = record.lfOrientation = 900;
     Canvas turned(record);
@@ -158,7 +158,7 @@ TEST(Text, TurnsAndScales) {
     EXPECT_NEAR(scaled.Drawn().bottom, 32, 2);
 }
 
-TEST(Text, AnOpaqueBackgroundCoversTheLine) {
+TEST(Text, AnOpaqueBackgroundLeavesTheLine) {
     Canvas canvas(Record(-30));
     canvas.context.SetTextColor(RGB(0, 0, 200));
     EXPECT_EQ(canvas.context.SetBkMode(OPAQUE), TRANSPARENT);
@@ -169,7 +169,7 @@ TEST(Text, AnOpaqueBackgroundCoversTheLine) {
     EXPECT_EQ(GetPixel(canvas.context.m_hDC, 9, 20), RGB(0, 0, 200));
 }
 
-TEST(Drawing, RectanglesFollowTheMapping) {
+TEST(Drawing, RectanglesMissTheMapping) {
     Canvas canvas(Record(-30));
     canvas.context.SetMapMode(MM_ANISOTROPIC);
     canvas.context.SetWindowExt(10, -10);
@@ -181,7 +181,7 @@ TEST(Drawing, RectanglesFollowTheMapping) {
     EXPECT_EQ(GetPixel(canvas.context.m_hDC, -10, 0), CLR_INVALID);
 }
 
-TEST(Drawing, ABitmapServesOneContext) {
+TEST(Drawing, ABitmapServesTwoContexts) {
     Canvas canvas(Record(-30));
     CDC other;
     other.CreateCompatibleDC(nullptr);
