@@ -9,7 +9,7 @@ CRuntimeClass Notifier::classNotifier = {
 static const AFX_CLASSINIT g_initNotifier(&Notifier::classNotifier);
 
 // A new object counts as unmodified: it has nothing yet that could be lost.
-Notifier::Notifier() : m_bEnableDrawFlag(1) {
+Notifier::Notifier() {
     zeroInit();
 }
 

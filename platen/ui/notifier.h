@@ -86,5 +86,5 @@ class PLATEN_API Notifier {
     void zeroInit();
 
     int m_bModified;
-    int m_bEnableDrawFlag;
+    int m_bEnableDrawFlag = 1;
 };

@@ -29,7 +29,7 @@ CString CPrintDialog::GetDeviceName() const {
     if (names == nullptr) {
         return {};
     }
-    const CString device = reinterpret_cast<LPCSTR>(names) + names->wDeviceOffset;
+    CString device = reinterpret_cast<LPCSTR>(names) + names->wDeviceOffset;
     ::GlobalUnlock(m_pd.hDevNames);
     return device;
 }

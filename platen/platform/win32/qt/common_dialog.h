@@ -43,7 +43,9 @@ class CommonDialog : public Hosted<Base>, public Answering {
 
   protected:
     /// Tab goes Qt's way, as all keys do.
-    bool focusNextPrevChild(bool next) override { return Base::focusNextPrevChild(next); }
+    bool focusNextPrevChild(bool next) override {
+        return Base::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
+    }
     /// Ends the dialog when its choice is valid.
     virtual void Confirm() { Base::accept(); }
 };

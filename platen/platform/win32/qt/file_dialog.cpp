@@ -233,9 +233,9 @@ bool Store(OPENFILENAME& record, const FileChoice& choice) {
     record.nFileOffset = static_cast<WORD>(name);
     record.nFileExtension = static_cast<WORD>(hasExtension ? dot + 1 : 0);
     record.nFilterIndex = static_cast<DWORD>(choice.filter + 1);
-    if (record.lpstrFileTitle != nullptr && isSingle &&
-        first.size() - name < record.nMaxFileTitle) {
-        std::strcpy(record.lpstrFileTitle, record.lpstrFile + name);
+    const std::string_view title = first.substr(isSingle ? name : first.size());
+    if (record.lpstrFileTitle != nullptr && title.size() < record.nMaxFileTitle) {
+        record.lpstrFileTitle[title.copy(record.lpstrFileTitle, title.size())] = 0;
     }
     return true;
 }
