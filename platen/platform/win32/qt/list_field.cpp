@@ -23,8 +23,9 @@ ListField::ListField(const QString& label, bool isFree, QWidget* parent)
     m_label->setBuddy(m_field);
     m_field->setReadOnly(!isFree);
     m_field->installEventFilter(this);
-    // The field keeps the focus while the list is clicked on.
-    m_list->setFocusPolicy(Qt::NoFocus);
+    // Who clicks on the list goes on in the field.
+    m_list->setFocusPolicy(Qt::ClickFocus);
+    m_list->setFocusProxy(m_field);
     m_list->setUniformItemSizes(true);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(m_field, &QLineEdit::textEdited, this, [this](const QString& text) {
