@@ -8,8 +8,10 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTimer>
+#include <array>
 #include <chrono>
 #include <memory>
+#include <span>
 
 #include <platen/platform/afx/dialog_template.h>
 #include <platen/platform/win32/qt_window.h>
@@ -174,6 +176,53 @@ TEST(WindowHost, LookingForNothingIsSlow) {
     const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
     // Ten times what is promised: the machine that tests is busy and may check memory.
     EXPECT_LT(time.count() / kLooks, 20);
+}
+
+TEST(WindowHost, ATemplateIsReadBeyondItsEnd) {
+    CDialogTemplate description(WS_POPUP | WS_CAPTION, {0, 0, 80, 40}, "Ask");
+    description.Add("BUTTON", "Cancel", IDCANCEL, WS_TABSTOP, {10, 10, 40, 14});
+    const auto bytes = description.Bytes();
+    const LPSTR name = MAKEINTRESOURCE(77);
+    for (std::size_t length = 0; length < bytes.size(); ++length) {
+        // A copy of its own, so that a reader beyond it is noticed.
+        const std::vector<std::byte> part(bytes.begin(), bytes.begin() + std::ptrdiff_t(length));
+        EXPECT_FALSE(platen::win32::RegisterDialogTemplate(name, part)) << length;
+    }
+    EXPECT_EQ(FindResource(nullptr, name, RT_DIALOG), nullptr);
+    ASSERT_TRUE(platen::win32::RegisterDialogTemplate(name, bytes));
+    const HRSRC resource = FindResource(nullptr, name, RT_DIALOG);
+    EXPECT_EQ(SizeofResource(nullptr, resource), bytes.size());
+    EXPECT_EQ(FindResource(nullptr, "#77", RT_DIALOG), resource);
+    EXPECT_EQ(FindResource(nullptr, "other", RT_DIALOG), nullptr);
+}
+
+/// An extended template of a dialog "D" with a font and one edit field of identifier 70000.
+constexpr auto kExtended = std::to_array<std::uint16_t>({
+    1,      0xFFFF, 0,      0,    0,   0,               // version, mark, help, extended style
+    0x48,   0x80C0, 1,      0,    0,   100,    50,      // style, items, place
+    0,      0,      'D',    0,                          // menu, class, title
+    8,      400,    0x100,  'F',  'o', 'n',    't', 0,  // font
+    0,                                                  // to a multiple of four bytes
+    0,      0,      0,      0,    0,   0x5081, 5,   5, 40, 12,  // help, styles, place
+    0x1170, 1,      0xFFFF, 0x81,                               // identifier, class
+    0xD83D, 0xDE00, 0x00E9, 0,    4,   7,      7,               // text, creation data
+});
+
+TEST(WindowHost, AnExtendedTemplateIsMisread) {
+    const auto bytes = std::as_bytes(std::span(kExtended));
+    ASSERT_TRUE(platen::win32::RegisterDialogTemplate("extended", bytes));
+    const HGLOBAL found = LoadResource(nullptr, FindResource(nullptr, "EXTENDED", RT_DIALOG));
+    const Scoped dialog(CreateDialogIndirectParam(
+        nullptr, static_cast<LPCDLGTEMPLATE>(LockResource(found)), nullptr, nullptr, 0));
+    char text[16] = "";
+    GetWindowText(dialog, text, sizeof(text));
+    EXPECT_STREQ(text, "D");
+    const HWND field = GetDlgItem(dialog, 70000);
+    GetWindowText(field, text, sizeof(text));
+    EXPECT_STREQ(text, "\xF0\x9F\x98\x80\xC3\xA9");
+    RECT place{};
+    GetClientRect(field, &place);
+    EXPECT_GT(place.right, 40);
 }
 
 }  // namespace
