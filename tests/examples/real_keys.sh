@@ -26,10 +26,7 @@ for display in window status; do
     xdotool key x
     sleep 0.5
     kill -0 $running || { echo "$display: the run ended before Escape"; exit 1; }
-    # Held, not only tapped: the status bar's run looks at the key from time to time.
-    xdotool keydown Escape
-    wait_for "the end of the run" bash -c "! kill -0 $running"
-    xdotool keyup Escape
+    "$(dirname "$0")/../../scripts/press-escape" $running
     wait $running
     grep -q '^stopped at row' "$out" || { echo "$display: $(cat "$out")"; exit 1; }
     echo "$display: $(tail -n 1 "$out")"
