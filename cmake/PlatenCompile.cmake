@@ -47,9 +47,16 @@ function(platen_drop_other_systems list)
     set(${list} ${${list}} PARENT_SCOPE)
 endfunction()
 
-# platen_precompile(TARGET HEADER...): reads the headers that most of the target's files include once
-# a target. Off for tools that read the sources themselves.
-option(PLATEN_PRECOMPILE "Precompile what many files include" ON)
+option(PLATEN_PRECOMPILE "Read what many files include once, which tools that read sources cannot" ON)
+
+# platen_in_pieces(TARGET FILES): compiles that many files as one, for a target whose headers cost far
+# more than its own lines.
+function(platen_in_pieces target files)
+    set_target_properties(${target} PROPERTIES
+        UNITY_BUILD ${PLATEN_PRECOMPILE} UNITY_BUILD_BATCH_SIZE ${files})
+endfunction()
+
+# platen_precompile(TARGET HEADER...): reads headers once a target.
 function(platen_precompile target)
     if(PLATEN_PRECOMPILE)
         target_precompile_headers(${target} PRIVATE ${ARGN})

@@ -9,7 +9,6 @@ namespace platen::tool {
 namespace {
 
 constexpr std::uint16_t kFileTag = 33445;
-constexpr std::uint32_t kNone32 = 0xFFFFFFFF;
 
 struct SetOptions {
     TransferOptions transfer;

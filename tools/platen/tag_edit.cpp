@@ -17,7 +17,6 @@ using Fractions = std::vector<Rational>;
 
 constexpr std::uint16_t kRowsPerStrip = 278;
 constexpr std::uint16_t kFileTag = 33445;
-constexpr std::uint16_t kNone16 = 0xFFFF;
 constexpr Rational kNoRational = {0xFFFFFFFF, 0xFFFFFFFF};
 constexpr std::size_t kColorTableTaken = 17;
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::int32_t>::max();

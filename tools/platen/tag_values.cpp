@@ -12,8 +12,6 @@ namespace {
 
 using Text = std::optional<std::string>;
 
-constexpr std::uint16_t kNone16 = 0xFFFF;
-constexpr std::uint32_t kNone32 = 0xFFFFFFFF;
 constexpr std::uint32_t kColorTableUsed = 17;
 
 void AppendValue(std::string& text, const Rational& value) {
