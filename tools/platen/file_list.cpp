@@ -1,6 +1,9 @@
 #include "file_list.h"
 
+#include <algorithm>
 #include <thread>
+
+#include "system.h"
 
 namespace platen::tool {
 
@@ -19,7 +22,8 @@ unsigned FileList::Threads() const {
     if (names.size() <= 1) {
         return 1;
     }
-    return jobs != 0 ? jobs : std::max(1U, std::thread::hardware_concurrency());
+    const unsigned wanted = jobs != 0 ? jobs : std::max(1U, std::thread::hardware_concurrency());
+    return std::min(wanted, MostThreads());
 }
 
 }  // namespace platen::tool

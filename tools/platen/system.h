@@ -11,6 +11,9 @@ namespace platen::tool {
 /// succeed show as a failed write instead of ending the program.
 void PrepareStreams();
 
+/// How many threads the program may use side by side.
+[[nodiscard]] unsigned MostThreads();
+
 [[nodiscard]] bool IsTerminal(std::FILE* stream);
 
 /// How many columns the terminal behind standard error has; 0 when that cannot be asked.

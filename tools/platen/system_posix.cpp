@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <limits>
 
 #include "system.h"
 
@@ -13,6 +14,10 @@ void PrepareStreams() {
     // A reader that goes away, or a file's size limit, is then reported by the write.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+}
+
+unsigned MostThreads() {
+    return std::numeric_limits<unsigned>::max();
 }
 
 bool IsTerminal(std::FILE* stream) {
