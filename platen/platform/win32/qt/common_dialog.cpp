@@ -22,6 +22,10 @@ INT_PTR CALLBACK CommonProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
         SetWindowLongPtr(dialog, DWLP_MSGRESULT, TRUE);
         return TRUE;
     }
+    // Qt gives the focus back to where it was, and leaves what is marked there.
+    if (message == WM_ACTIVATE || message == WM_SETFOCUS || message == WM_SHOWWINDOW) {
+        return TRUE;
+    }
     const int command = LOWORD(wParam);
     if (message != WM_COMMAND || (command != IDOK && command != IDCANCEL)) {
         return FALSE;

@@ -43,8 +43,10 @@ struct Style {
 std::vector<Style> StylesOf(const QString& face) {
     std::vector<Style> styles;
     for (const QString& name : QFontDatabase::styles(face)) {
-        styles.push_back(
-            {name, QFontDatabase::weight(face, name), QFontDatabase::italic(face, name)});
+        // Oblique counts, too, which the database's own answer leaves out.
+        constexpr int kAnySize = 10;
+        styles.push_back({name, QFontDatabase::weight(face, name),
+                          QFontDatabase::font(face, name, kAnySize).italic()});
     }
     std::ranges::stable_sort(
         styles, {}, [](const Style& style) { return std::pair(style.weight, style.isItalic); });

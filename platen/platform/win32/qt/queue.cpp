@@ -142,11 +142,11 @@ BOOL TranslateMessage(const MSG* message) {
         return isPress ? TRUE : FALSE;
     }
     // The first of the posted ones: it belongs behind its key, before what was posted meanwhile.
-    for (auto character = key.text.rbegin(); character != key.text.rend(); ++character) {
-        const auto code = static_cast<unsigned char>(*character);
+    const std::string backwards(key.text.rbegin(), key.text.rend());
+    for (const char character : backwards) {
         MSG posted = *message;
         posted.message = WM_CHAR;
-        posted.wParam = code;
+        posted.wParam = static_cast<unsigned char>(character);
         TheQueue().posted.push_front({posted, {}});
     }
     TheQueue().lastKey = {};

@@ -77,7 +77,8 @@ BOOL EnumThreadWindows(DWORD thread, WNDENUMPROC each, LPARAM lParam) {
             Adopt(widget);
         }
     }
-    const std::vector<HWND> all = AllWindows();
+    // A copy: the calls may make and destroy windows.
+    const std::vector<HWND> all(AllWindows().begin(), AllWindows().end());
     for (const HWND handle : all) {
         const Window* const window = Find(handle);
         if (window != nullptr && !window->IsChild() && each(handle, lParam) == 0) {

@@ -98,7 +98,7 @@ void Finish(HWND handle) {
 }
 
 void DestroyOwned(HWND owner) {
-    const std::vector<HWND> all = AllWindows();
+    const std::vector<HWND> all(AllWindows().begin(), AllWindows().end());
     for (const HWND handle : all) {
         const Window* const window = Find(handle);
         if (window != nullptr && !window->IsChild() && window->parent == owner) {
