@@ -8,7 +8,6 @@
 namespace {
 
 using OwnerCount = std::uint32_t;
-constexpr DWORD kMovable = 0x02;
 constexpr std::uint64_t kLargestBlock = 0xFFFFFFFF;
 
 std::uint64_t CountOffset(DWORD size) {
@@ -27,7 +26,7 @@ HGLOBAL NewOwnedBlock(DWORD size) {
     if (bytes > kLargestBlock) {
         return nullptr;
     }
-    const HGLOBAL block = MEM_NewHandle(static_cast<DWORD>(bytes), kMovable);
+    const HGLOBAL block = MEM_NewHandle(static_cast<DWORD>(bytes), GMEM_MOVEABLE);
     if (block != nullptr) {
         OwnersOf(block, size) = 1;
         MEM_UnlockHandle(block);

@@ -4,9 +4,9 @@
 #include <platen/platform/win32.h>
 
 /// Memory blocks: movable ones named by a handle, and ones that stay locked, named by their
-/// address. Sizes are bytes. Flags go to the platform as they are; 0x42 is movable and zero-filled,
-/// 0x02 movable. Releasing and unlocking functions answer the 0 or null that stands for no block,
-/// for storing back. The caller owns every block. Different blocks may be used by different
+/// address. Sizes are bytes. Flags go to the platform as they are; GHND is movable and zero-filled,
+/// GMEM_MOVEABLE movable. Releasing and unlocking functions answer the 0 or null that stands for no
+/// block, for storing back. The caller owns every block. Different blocks may be used by different
 /// threads.
 
 extern "C" {

@@ -8,12 +8,10 @@
 #include <platen/tiff/blocks.h>
 #include <platen/tiff/copy_job.h>
 #include <platen/tiff/directory_walk.h>
+#include <platen/tiff/file_layout.h>
 #include <platen/tiff/tag_table.h>
 
 namespace {
-
-constexpr std::uint32_t kTextInEntry = 4;
-constexpr std::uint32_t kColorTableTaken = 17;
 
 /// Counts that a kind's field holds whole.
 struct HoldsCount {
@@ -25,7 +23,7 @@ struct HoldsCount {
         return count == N;
     }
     bool operator()(const platen::tiff::ColorTableField& /*field*/) const {
-        return count <= kColorTableTaken;
+        return count <= platen::tiff::kColorTableTaken;
     }
     bool operator()(const platen::tiff::TextField& /*field*/) const { return true; }
     bool operator()(const platen::tiff::WordArrayField& /*field*/) const { return true; }
@@ -51,7 +49,7 @@ struct Mender {
     /// A text that is cut at its first zero byte goes; the entry is kept instead.
     void operator()(const platen::tiff::TextField& field) const {
         char*& text = record.*field.text;
-        const bool inEntry = entry.Count <= kTextInEntry;
+        const bool inEntry = entry.Count <= platen::tiff::kTextInEntry;
         const char* characters = inEntry ? reinterpret_cast<const char*>(&entry.ValueOffset) : text;
         if (text != nullptr && HasMoreText(characters, entry.Count)) {
             platen::tiff::ReleaseBlock(text);

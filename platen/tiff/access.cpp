@@ -9,10 +9,6 @@
 namespace platen::tiff {
 namespace {
 
-/// What the colour table exchanges: it holds 18 slots, takes 17 and gives 16.
-constexpr std::size_t kColorTableTaken = 17;
-constexpr std::size_t kColorTableGiven = 16;
-
 /// Copies a value out, by kind, and answers the count. `out` may be null.
 struct Getter {
     const Record& record;

@@ -8,6 +8,7 @@
 #include <platen/base/memory.h>
 #include <platen/tiff/byte_order.h>
 #include <platen/tiff/directory_walk.h>
+#include <platen/tiff/file_layout.h>
 
 namespace platen::tiff {
 namespace {
@@ -20,7 +21,6 @@ constexpr std::uint16_t kSubfileType = 255;
 constexpr std::uint16_t kStripOffsets = 273;
 constexpr std::uint16_t kRowsPerStrip = 278;
 constexpr std::uint16_t kStripByteCounts = 279;
-constexpr std::uint16_t kVersion = 42;
 constexpr std::uint16_t kPointerType = 13;
 constexpr std::int64_t kLargestFile = INT32_MAX;
 constexpr std::size_t kChunk = std::size_t{240} * 1024;  ///< whole samples of every size
@@ -38,10 +38,6 @@ constexpr bool IsOwn(std::uint16_t tag) {
     return tag == kStripOffsets || tag == kRowsPerStrip || tag == kStripByteCounts;
 }
 
-std::int64_t Even(std::int64_t size) {
-    return size + size % 2;
-}
-
 /// The entry's last four bytes as they stood in the file.
 std::uint32_t RawField(const TiffIFDEntryStruct& entry, std::uint16_t order) {
     const bool oneShort = entry.Type == TIFF_SHORT && entry.Count == 1;
@@ -56,7 +52,7 @@ std::uint32_t RawField(const TiffIFDEntryStruct& entry, std::uint16_t order) {
 /// Releases its block with the object.
 class ChunkBuffer {
   public:
-    ChunkBuffer() : m_bytes(static_cast<std::uint8_t*>(MEM_NewPtr(kChunk, 0x42))) {}
+    ChunkBuffer() : m_bytes(static_cast<std::uint8_t*>(MEM_NewPtr(kChunk, GHND))) {}
     ~ChunkBuffer() { MEM_FreePtr(m_bytes); }
     ChunkBuffer(const ChunkBuffer&) = delete;
     ChunkBuffer& operator=(const ChunkBuffer&) = delete;
@@ -135,7 +131,7 @@ bool CopyJob::IsAsRead(std::size_t dir) const {
 }
 
 Result CopyJob::Plan() {
-    std::int64_t position = 8;
+    std::int64_t position = kHeaderSize;
     m_keptLeft = kKeptBytesPerByte * std::max(m_source.fileSize, kSmallFile);
     m_images.resize(m_source.records.size());
     for (std::size_t i = 0; i < m_images.size(); ++i) {

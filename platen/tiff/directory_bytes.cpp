@@ -6,16 +6,10 @@
 #include <utility>
 
 #include <platen/tiff/byte_order.h>
+#include <platen/tiff/file_layout.h>
 
 namespace platen::tiff {
 namespace {
-
-constexpr std::size_t kCountSize = 2;
-constexpr std::size_t kLinkSize = 4;
-
-std::size_t Even(std::size_t size) {
-    return size + size % 2;
-}
 
 void Store(std::vector<std::uint8_t>& bytes, std::size_t at, const void* source, std::size_t size) {
     std::memcpy(bytes.data() + at, source, size);
@@ -74,8 +68,8 @@ bool DirectoryBytes::Has(std::uint16_t tag) const {
 
 std::vector<std::uint8_t> DirectoryBytes::At(std::uint32_t offset, bool hasNext) {
     std::ranges::stable_sort(m_items, {}, &Item::tag);
-    const std::size_t link = kCountSize + m_items.size() * sizeof(TiffIFDEntryStruct);
-    std::size_t end = link + kLinkSize;
+    const std::size_t size = DirectorySize(m_items.size());
+    std::size_t end = size;
     for (const Item& item : m_items) {
         end += Even(item.bytes.size());
     }
@@ -83,7 +77,7 @@ std::vector<std::uint8_t> DirectoryBytes::At(std::uint32_t offset, bool hasNext)
     const std::uint16_t count = SwapSHORT(static_cast<std::uint16_t>(m_items.size()), m_order);
     Store(bytes, 0, &count, sizeof(count));
     std::size_t entryAt = kCountSize;
-    std::size_t valuesAt = link + kLinkSize;
+    std::size_t valuesAt = size;
     for (const Item& item : m_items) {
         TiffIFDEntryStruct entry = item.encoded.entry;
         if (!item.bytes.empty()) {
@@ -96,7 +90,7 @@ std::vector<std::uint8_t> DirectoryBytes::At(std::uint32_t offset, bool hasNext)
     }
     const std::uint32_t next =
         hasNext ? SwapLONG(static_cast<std::uint32_t>(offset + end), m_order) : 0;
-    Store(bytes, link, &next, sizeof(next));
+    Store(bytes, size - kLinkSize, &next, sizeof(next));
     return bytes;
 }
 

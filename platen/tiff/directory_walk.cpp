@@ -8,8 +8,6 @@
 namespace platen::tiff {
 namespace {
 
-constexpr std::uint32_t kNone32 = 0xFFFFFFFF;
-constexpr std::uint16_t kFirstPrivate = 33445;
 constexpr std::uint16_t kMake = 271;
 constexpr std::uint32_t kColorTableSlots = 18;
 
@@ -121,7 +119,7 @@ const std::array<const TagRow*, kTagCount>& RowsInWritingOrder() {
 }
 
 std::optional<EntryValue> ValueToWrite(const TagRow& row, const Record& record) {
-    if (row.written == 0 || (row.tag >= kFirstPrivate && record.FileTag == kNone32)) {
+    if (row.written == 0 || (row.tag >= TagIndex::kFirstPrivate && record.FileTag == kNone32)) {
         return std::nullopt;
     }
     return VisitField(ValueFinder{row, record}, row.field);

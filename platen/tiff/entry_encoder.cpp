@@ -4,11 +4,10 @@
 #include <cstring>
 
 #include <platen/tiff/byte_order.h>
+#include <platen/tiff/file_layout.h>
 
 namespace platen::tiff {
 namespace {
-
-constexpr std::int32_t kTextInEntry = 4;
 
 /// In place and with a conversion known when this is compiled, so that it runs on many elements at
 /// once.

@@ -5,16 +5,12 @@
 #include <platen/tiff/blocks.h>
 #include <platen/tiff/byte_order.h>
 #include <platen/tiff/entry_words.h>
+#include <platen/tiff/file_layout.h>
 #include <platen/tiff/peek.h>
+#include <platen/tiff/tag_table.h>
 
+using platen::tiff::kTextInEntry;
 using platen::tiff::NewBlock;
-
-namespace {
-
-constexpr Rational kNoRational = {0xFFFFFFFF, 0xFFFFFFFF};
-constexpr std::uint32_t kTextInEntry = 4;
-
-}  // namespace
 
 /// The raw block of an entry's values, and `extra` bytes of what the file has behind them; null and
 /// status -4 when it cannot be had.
@@ -96,7 +92,7 @@ Rational Tiff::GetRATIONAL(void* file, const TiffIFDEntryStruct& entry) {
     }
     std::uint8_t* block = FetchBlock(file, entry, sizeof(Rational));
     if (block == nullptr) {
-        return kNoRational;
+        return platen::tiff::kNoRational;
     }
     std::memcpy(&first, block, sizeof(first));
     DeleteBLOCK(block);

@@ -16,7 +16,4 @@ std::int64_t DataSize(const TiffIFDStdDirStruct& record, std::int64_t position);
 /// Whether the layout relocates the record's first strip offset.
 bool IsRelocated(const TiffIFDStdDirStruct& record);
 
-/// Where the first data area starts.
-inline constexpr std::int64_t kFirstDataOffset = 8;
-
 }  // namespace platen::tiff

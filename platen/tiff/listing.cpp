@@ -9,8 +9,6 @@
 namespace platen::tiff {
 namespace {
 
-constexpr std::uint16_t kFirstPrivate = 33445;
-constexpr std::size_t kColorTableShown = 17;
 constexpr std::size_t kColorTableColumns = 3;
 
 long Signed(std::uint32_t number) {
@@ -111,12 +109,12 @@ struct ListingPrinter {
     /// Lines of three; the first stands behind the label, the others under it.
     void operator()(const ColorTableField& field) const {
         const auto& slots = record.*field.values;
-        for (std::size_t i = 0; i < kColorTableShown; ++i) {
+        for (std::size_t i = 0; i < kColorTableTaken; ++i) {
             const std::size_t column = i % kColorTableColumns;
             if (i > 0 && column == 0) {
                 PrintLabel("");
             }
-            const bool lineEnds = column == kColorTableColumns - 1 || i == kColorTableShown - 1;
+            const bool lineEnds = column == kColorTableColumns - 1 || i == kColorTableTaken - 1;
             std::printf("%-6u%s", static_cast<unsigned>(slots[i]), lineEnds ? "\r\n" : " ");
         }
     }
@@ -144,7 +142,7 @@ void PrintListingHeader(const char* name, std::int32_t size, std::int16_t format
 }
 
 void PrintListingLine(const TagRow& row, const Record& record) {
-    if (row.tag == kFirstPrivate) {
+    if (row.tag == TagIndex::kFirstPrivate) {
         std::printf("\r\n>XK Private TIFF\r\n");
     }
     PrintLabel(row.listingLabel);

@@ -14,9 +14,6 @@ IMPLEMENT_DYNCREATE(Tiff, CObject)
 
 namespace {
 
-/// Movable and zero-filled: what every block of the object is taken with.
-constexpr DWORD kBlockFlags = 0x42;
-constexpr DWORD kMovable = 0x02;
 constexpr std::size_t kRecordSize = sizeof(TiffIFDStdDirStruct);
 constexpr std::uint64_t kLargestBlock = std::numeric_limits<std::int32_t>::max();
 /// What a block of values may exceed its file by.
@@ -54,8 +51,8 @@ void Tiff::ResetGlbVars() {
 }
 
 void Tiff::InitFileVars() {
-    m_hDump = MEM_NewHandle(1, kBlockFlags);
-    m_hSpare = MEM_NewHandle(1, kBlockFlags);
+    m_hDump = MEM_NewHandle(1, GHND);
+    m_hSpare = MEM_NewHandle(1, GHND);
     m_Allowance = {};
     AllocStdTiff();
     m_Status = 1;
@@ -91,7 +88,7 @@ long Tiff::Fail(std::int32_t status) {
 }
 
 long Tiff::AllocStdTiff() {
-    m_StdDir = static_cast<TiffIFDStdDirStruct*>(MEM_NewPtr(kRecordSize, kBlockFlags));
+    m_StdDir = static_cast<TiffIFDStdDirStruct*>(MEM_NewPtr(kRecordSize, GHND));
     if (m_StdDir == nullptr) {
         return Fail(-4);
     }
@@ -109,7 +106,7 @@ long Tiff::ReAllocStdTiff() {
     const auto count = static_cast<DWORD>(m_NumIFDStdDir) + 1;
     if (count * kRecordSize > MEM_LogSizeHandle(GlobalHandle(m_StdDir))) {
         const auto size = static_cast<DWORD>((count + count / 2) * kRecordSize);
-        void* grown = MEM_ReNewPtr(m_StdDir, size, kMovable);
+        void* grown = MEM_ReNewPtr(m_StdDir, size, GMEM_MOVEABLE);
         if (grown == nullptr) {
             return Fail(-4);
         }

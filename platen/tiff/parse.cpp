@@ -105,14 +105,13 @@ struct EntryParser {
     }
 };
 
-constexpr std::uint32_t kColorTableUsed = 17;
 constexpr std::uint32_t kImpliedColorTable = 16;
 
 /// A table without values stands for the inverse scale from MinSampleValue to MaxSampleValue.
 void SynthesiseColorTable(Record& record, std::uint16_t* table) {
     table[0] = record.MinSampleValue;
-    for (std::uint32_t i = 1; i < kColorTableUsed; ++i) {
-        table[i] = static_cast<std::uint16_t>(record.MaxSampleValue / (kColorTableUsed - i));
+    for (std::uint32_t i = 1; i < kColorTableTaken; ++i) {
+        table[i] = static_cast<std::uint16_t>(record.MaxSampleValue / (kColorTableTaken - i));
     }
 }
 
@@ -133,7 +132,7 @@ Stored EntryParser::operator()(const ColorTableField& field) const {
         record.*field.offset = 0;
         SynthesiseColorTable(record, table);
     } else {
-        std::copy_n(values, std::min(entry.Count, kColorTableUsed), table);
+        std::copy_n(values, std::min(entry.Count, kColorTableTaken), table);
     }
     ReleaseBlock(values);
     return {table, static_cast<std::uint32_t>(std::size(record.*field.values))};

@@ -5,17 +5,16 @@
 #include <platen/base/files.h>
 #include <platen/tiff/Tiff.h>
 #include <platen/tiff/byte_order.h>
+#include <platen/tiff/file_layout.h>
 #include <platen/tiff/visited_offsets.h>
 
+using platen::tiff::kEntrySize;
 using platen::tiff::SwapLONG;
 using platen::tiff::VisitedOffsets;
 
 namespace {
 
-constexpr std::uint16_t kVersion = 42;
 constexpr std::uint16_t kOtherVersion = 50;
-constexpr std::int32_t kEntrySize = 12;
-constexpr std::uint32_t kTextInEntry = 4;
 constexpr std::uint64_t kEntriesPerEntrySize = 8;
 constexpr std::uint64_t kFreeEntries = 65536;
 constexpr std::uint64_t kBytesPerByte = 32;
@@ -89,7 +88,7 @@ void Normalise(TiffIFDEntryStruct& entry, std::uint16_t order) {
     if (entry.Type == TIFF_SHORT && entry.Count == 1) {
         entry.ValueOffset = value >> 16U;
     } else if ((entry.Type >= TIFF_SHORT && entry.Type <= TIFF_RATIONAL) ||
-               (entry.Type == TIFF_ASCII && entry.Count > kTextInEntry)) {
+               (entry.Type == TIFF_ASCII && entry.Count > platen::tiff::kTextInEntry)) {
         entry.ValueOffset = value;
     }
 }
@@ -156,7 +155,7 @@ long Tiff::ReadHeader(void* file) {
     }
     m_Format = static_cast<std::int16_t>(order);
     const std::uint16_t version = SwapSHORT(words[1], order);
-    if (version != kVersion && version != kOtherVersion) {
+    if (version != platen::tiff::kVersion && version != kOtherVersion) {
         return Fail(-2);
     }
     m_Version = static_cast<std::int16_t>(version);

@@ -4,11 +4,11 @@
 
 #include <platen/base/memory.h>
 #include <platen/tiff/Tiff.h>
+#include <platen/tiff/tag_table.h>
 #include <platen/tiff/text_pieces.h>
 
 namespace {
 
-constexpr DWORD kMovable = 0x02;
 constexpr std::size_t kLongestLabel = 255;
 constexpr std::size_t kItemIndent = 60;
 constexpr std::string_view kLineEnd = "\r\n";
@@ -117,7 +117,7 @@ constexpr ClassLine kClassLines[] = {
 };
 
 bool IsMissing(const Rational& value) {
-    return value == Rational{0xFFFFFFFF, 0xFFFFFFFF};
+    return value == platen::tiff::kNoRational;
 }
 
 struct MissingLine {
@@ -146,7 +146,7 @@ constexpr MissingLine kMissingLines[] = {
      "Basic TAG XResolution is missing\r\n"},
     {[](const Record& r) { return IsMissing(r.YResolution); },
      "Basic TAG YResolution is missing\r\n"},
-    {[](const Record& r) { return r.ResolutionUnit == 0xFFFF; },
+    {[](const Record& r) { return r.ResolutionUnit == platen::tiff::kNone16; },
      "Basic TAG ResolutionUnit is missing\r\n"},
 };
 
@@ -182,7 +182,7 @@ void Tiff::DumpAppend(std::string_view line) {
     const std::uint64_t size = std::uint64_t{DumpGetSize()} + line.size();
     HGLOBAL grown = nullptr;
     if (size <= INT32_MAX && SpendBytes(line.size())) {
-        grown = MEM_ReNewHandle(m_hDump, static_cast<DWORD>(size), kMovable);
+        grown = MEM_ReNewHandle(m_hDump, static_cast<DWORD>(size), GMEM_MOVEABLE);
     }
     if (grown == nullptr) {
         m_hDump = MEM_FreeHandle(m_hDump);

@@ -10,9 +10,6 @@ namespace {
 
 using R = Record;
 
-constexpr std::uint16_t kNone16 = 0xFFFF;
-constexpr std::uint32_t kNone32 = 0xFFFFFFFF;
-
 constexpr std::uint16_t S = 1U << TIFF_SHORT;
 constexpr std::uint16_t L = 1U << TIFF_LONG;
 constexpr std::uint16_t A = 1U << TIFF_ASCII;
@@ -156,8 +153,6 @@ constexpr std::array<const TagRow*, N> IndexFrom(std::uint16_t first) {
     }
     return index;
 }
-
-constexpr Rational kNoRational = {kNone32, kNone32};
 
 /// Stores a kind's default in a record whose bytes are zero.
 struct DefaultSetter {

@@ -14,6 +14,15 @@ namespace platen::tiff {
 
 using Record = TiffIFDStdDirStruct;
 
+/// What a field holds whose tag is absent, where that is not 0 or null.
+inline constexpr std::uint16_t kNone16 = 0xFFFF;
+inline constexpr std::uint32_t kNone32 = 0xFFFFFFFF;
+inline constexpr Rational kNoRational = {kNone32, kNone32};
+
+/// The colour table holds 18 slots, takes 17 numbers and gives 16.
+inline constexpr std::uint32_t kColorTableTaken = 17;
+inline constexpr std::uint32_t kColorTableGiven = 16;
+
 /// A 16-bit number. `initial` is a fresh record's value, `absent` the one that is not written.
 struct WordField {
     std::uint16_t Record::*value;

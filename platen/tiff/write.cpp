@@ -7,6 +7,7 @@
 #include <platen/tiff/byte_order.h>
 #include <platen/tiff/directory_walk.h>
 #include <platen/tiff/entry_writer.h>
+#include <platen/tiff/file_layout.h>
 #include <platen/tiff/image_data.h>
 #include <platen/tiff/listing.h>
 #include <platen/tiff/write_walk.h>
@@ -16,10 +17,6 @@ namespace {
 using Record = TiffIFDStdDirStruct;
 
 constexpr LONG kOpenForWriting = 0x8301;
-constexpr std::uint16_t kVersion = 42;
-constexpr std::uint32_t kEntrySize = 12;
-constexpr std::uint32_t kCountSize = 2;
-constexpr std::uint32_t kLinkSize = 4;
 /// A directory holds the entries of at most two records.
 constexpr std::size_t kMostEntries = 2 * platen::tiff::kTagCount;
 
@@ -36,14 +33,15 @@ class BlankDirectories {
 
     /// One directory: number 0, `entries` placeholders and no link. False when a write failed.
     bool Add(std::size_t entries) {
-        const std::size_t size = kCountSize + kEntrySize * entries + kLinkSize;
+        const std::size_t size = platen::tiff::DirectorySize(entries);
         if (size > m_bytes.size() - m_used && !Flush()) {
             return false;
         }
         std::uint8_t* at = m_bytes.data() + m_used;
         std::memset(at, 0, size);
         for (std::size_t i = 0; i < entries; ++i) {
-            std::memcpy(at + kCountSize + i * kEntrySize, &m_blank, kEntrySize);
+            std::memcpy(at + platen::tiff::kCountSize + i * sizeof(m_blank), &m_blank,
+                        sizeof(m_blank));
         }
         m_used += size;
         return true;
@@ -56,7 +54,7 @@ class BlankDirectories {
     }
 
   private:
-    static_assert(kCountSize + kEntrySize * kMostEntries + kLinkSize < 16384);
+    static_assert(platen::tiff::DirectorySize(kMostEntries) < 16384);
 
     void* m_file;
     TiffIFDEntryStruct m_blank;
@@ -102,7 +100,7 @@ long Tiff::WriteCopy(const char* name, short format) {
 }
 
 void Tiff::WriteSetupStructs() {
-    std::int64_t position = platen::tiff::kFirstDataOffset;
+    std::int64_t position = platen::tiff::kHeaderSize;
     ForEachDataArea([&](short dir, std::int64_t size) {
         Record& record = m_StdDir[dir];
         if (platen::tiff::IsRelocated(record)) {
@@ -118,8 +116,8 @@ void Tiff::WriteSetupStructs() {
         record.WriteNumEntries = static_cast<std::uint16_t>(WriteGetIFDNum(dir));
         record.WriteLinkOffset = link;
         record.WriteIFDOffset = start;
-        start += kCountSize + kEntrySize * record.WriteNumEntries + kLinkSize;
-        link = start - kLinkSize;
+        start += static_cast<std::uint32_t>(platen::tiff::DirectorySize(record.WriteNumEntries));
+        link = start - platen::tiff::kLinkSize;
         return true;
     });
 }
@@ -131,7 +129,8 @@ long Tiff::WriteWord(void* file, const void* bytes, std::int32_t size) {
 }
 
 long Tiff::WriteHeader(void* file, short format) {
-    const std::uint16_t header[2] = {OrderOf(format), SwapSHORT(kVersion, OrderOf(format))};
+    const std::uint16_t header[2] = {OrderOf(format),
+                                     SwapSHORT(platen::tiff::kVersion, OrderOf(format))};
     return WriteWord(file, header, sizeof(header));
 }
 
@@ -184,10 +183,10 @@ std::int32_t Tiff::WriteChained(void* file, platen::tiff::EntryWriter& writer, s
                                 short dir) {
     const Record& record = m_StdDir[dir];
     const std::uint32_t link = platen::tiff::SwapLONG(record.WriteIFDOffset, order);
-    const bool together = record.WriteLinkOffset + kLinkSize == record.WriteIFDOffset;
+    const bool together = record.WriteLinkOffset + platen::tiff::kLinkSize == record.WriteIFDOffset;
     if (!together) {
         FILE_lseek(file, static_cast<LONG>(record.WriteLinkOffset), 0);
-        if (WriteWord(file, &link, kLinkSize) != 1 || record.WriteIFDOffset == 0) {
+        if (WriteWord(file, &link, platen::tiff::kLinkSize) != 1 || record.WriteIFDOffset == 0) {
             return m_Status;
         }
     }

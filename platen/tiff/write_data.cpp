@@ -12,7 +12,6 @@
 namespace platen::tiff {
 namespace {
 
-constexpr DWORD kBlockFlags = 0x42;
 constexpr std::int64_t kLargestChunk = 65535;
 constexpr std::int64_t kMostRows = 256;
 constexpr std::int64_t kWrite = 524288;
@@ -44,7 +43,7 @@ bool WriteArea(void* file, std::int64_t rowBytes, std::int64_t size, Fill fill) 
     }
     const std::int64_t chunk = ChunkSize(rowBytes, size);
     const auto room = static_cast<DWORD>(std::min(size, kWrite + kLargestChunk));
-    auto* buffer = static_cast<std::uint8_t*>(MEM_NewPtr(room, kBlockFlags));
+    auto* buffer = static_cast<std::uint8_t*>(MEM_NewPtr(room, GHND));
     if (buffer == nullptr) {
         ReserveArea(file, size);
         return false;

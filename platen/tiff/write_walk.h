@@ -1,7 +1,9 @@
 #pragma once
 
 #include <platen/tiff/Tiff.h>
+#include <platen/tiff/file_layout.h>
 #include <platen/tiff/image_data.h>
+#include <platen/tiff/tag_table.h>
 
 /// The walks over the written directories, shared by the layout, the passes and the data writers.
 
@@ -13,7 +15,8 @@ void Tiff::ForEachWritten(Visit visit) const {
     }
     for (short dir = 0; m_StdDir != nullptr && dir < m_NumIFDStdDir; ++dir) {
         const TiffIFDStdDirStruct& record = m_StdDir[dir];
-        const bool written = record.NewSubfileType != 0xFFFFFFFF || record.SubfileType != 0xFFFF;
+        const bool written = record.NewSubfileType != platen::tiff::kNone32 ||
+                             record.SubfileType != platen::tiff::kNone16;
         if (written && !visit(dir)) {
             return;
         }
@@ -23,7 +26,7 @@ void Tiff::ForEachWritten(Visit visit) const {
 /// `visit(dir, size)` is handed the bytes of each directory's data area, which lie back to back.
 template <typename Visit>
 void Tiff::ForEachDataArea(Visit visit) const {
-    std::int64_t position = platen::tiff::kFirstDataOffset;
+    std::int64_t position = platen::tiff::kHeaderSize;
     ForEachWritten([&](short dir) {
         const std::int64_t size = platen::tiff::DataSize(m_StdDir[dir], position);
         visit(dir, size);

@@ -11,7 +11,6 @@ namespace platen::tool {
 namespace {
 
 constexpr std::uint32_t kPieceSize = 256 * 1024;
-constexpr DWORD kBlockFlags = 0x42;
 
 /// Reads a file for its report alone: it keeps no more of the directories than reading needs, and,
 /// given an output, writes the report while it grows.
@@ -67,7 +66,7 @@ class Reporter : public Tiff {
     static constexpr long kOutputFailed = 0;
 
     void EmptyReport() {
-        HGLOBAL empty = MEM_ReNewHandle(m_hDump, 1, kBlockFlags);
+        HGLOBAL empty = MEM_ReNewHandle(m_hDump, 1, GHND);
         if (empty == nullptr) {
             m_hDump = MEM_FreeHandle(m_hDump);
             return;

@@ -8,8 +8,6 @@
 namespace platen::tool {
 namespace {
 
-constexpr std::uint16_t kFileTag = 33445;
-
 struct SetOptions {
     TransferOptions transfer;
     std::vector<std::string> edits;
@@ -32,11 +30,11 @@ std::vector<TagEdit> ParseEdits(const std::vector<std::string>& arguments) {
 /// The private tags are written only beside FileTag. The name of one that would get lost by edits
 /// which concern them, or null.
 const char* LostPrivateTag(const std::vector<TagEdit>& edits, const TiffIFDStdDirStruct& record) {
-    if (record.FileTag != kNone32 || edits.back().row->tag < kFileTag) {
+    if (record.FileTag != kNone32 || edits.back().row->tag < tiff::TagIndex::kFirstPrivate) {
         return nullptr;
     }
     const auto lost = std::ranges::find_if(tiff::kTags, [&record](const tiff::TagRow& row) {
-        return row.tag > kFileTag && TagText(row, record);
+        return row.tag > tiff::TagIndex::kFirstPrivate && TagText(row, record);
     });
     return lost == tiff::kTags.end() ? nullptr : lost->name;
 }

@@ -16,9 +16,6 @@ using Words = std::vector<std::uint16_t>;
 using Fractions = std::vector<Rational>;
 
 constexpr std::uint16_t kRowsPerStrip = 278;
-constexpr std::uint16_t kFileTag = 33445;
-constexpr Rational kNoRational = {0xFFFFFFFF, 0xFFFFFFFF};
-constexpr std::size_t kColorTableTaken = 17;
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
 
 [[noreturn]] void Reject(const std::string& what) {
@@ -100,8 +97,8 @@ struct ValueParser {
     TagValue operator()(const tiff::WordArrayField& /*field*/) const { return Word(1, kAnyNumber); }
     TagValue operator()(const tiff::WordPairField& /*field*/) const { return Word(2, 2); }
     TagValue operator()(const tiff::ColorTableField& /*field*/) const {
-        TagValue value = Word(1, kColorTableTaken);
-        std::get<Words>(value.data).resize(kColorTableTaken);
+        TagValue value = Word(1, tiff::kColorTableTaken);
+        std::get<Words>(value.data).resize(tiff::kColorTableTaken);
         return value;
     }
     /// Offsets and slots: ParseEdit lets none of them come this far.
@@ -129,11 +126,11 @@ struct AbsentValue {
     TagValue operator()(const tiff::WordField& field) const { return {field.absent, 1}; }
     TagValue operator()(const tiff::LongField& field) const { return {field.absent, 1}; }
     TagValue operator()(const tiff::RationalField& /*field*/) const {
-        return ValueOf(Fractions(1, kNoRational));
+        return ValueOf(Fractions(1, tiff::kNoRational));
     }
     template <std::size_t N>
     TagValue operator()(const tiff::RationalGroupField<N>& /*field*/) const {
-        return ValueOf(Fractions(N, kNoRational));
+        return ValueOf(Fractions(N, tiff::kNoRational));
     }
     TagValue operator()(const tiff::WordPairField& /*field*/) const {
         return ValueOf(Words(2, kNone16));
@@ -149,7 +146,7 @@ struct AbsentValue {
 bool IsWritable(const TagEdit& edit) {
     Tiff scratch;
     const auto entries = [&scratch] { return scratch.WriteIFDStdDir(FILE_none(), 0, 0, 0); };
-    scratch.setTAG(kFileTag, 0, 1, 0);
+    scratch.setTAG(tiff::TagIndex::kFirstPrivate, 0, 1, 0);
     Apply({edit.row, std::visit(AbsentValue{}, edit.row->field), true}, scratch, 0);
     const short without = entries();
     Apply(edit, scratch, 0);

@@ -12,8 +12,6 @@ namespace {
 
 using Text = std::optional<std::string>;
 
-constexpr std::uint32_t kColorTableUsed = 17;
-
 void AppendValue(std::string& text, const Rational& value) {
     text.append(std::to_string(value.Numerator)).append("/");
     text.append(std::to_string(value.Denominator));
@@ -78,7 +76,8 @@ struct TextOf {
     Text operator()(const tiff::ColorTableField& field) const {
         const std::uint32_t count = record.*field.count;
         const bool held = static_cast<std::int32_t>(count) > 0;
-        return held ? Joined(record.*field.values, std::min(count, kColorTableUsed)) : Text();
+        return held ? Joined(record.*field.values, std::min(count, tiff::kColorTableTaken))
+                    : Text();
     }
     Text operator()(const tiff::BlockSlot& /*field*/) const { return std::nullopt; }
     Text operator()(const tiff::LongSlot& /*field*/) const { return std::nullopt; }

@@ -10,9 +10,8 @@
 /// Tags as people write them.
 namespace platen::tool {
 
-/// What a field of a record holds when the directory does not have the tag.
-inline constexpr std::uint16_t kNone16 = 0xFFFF;
-inline constexpr std::uint32_t kNone32 = 0xFFFFFFFF;
+using tiff::kNone16;
+using tiff::kNone32;
 
 /// The row of a tag that is given by its number or its name; throws CLI::ValidationError for a tag
 /// that is not known.

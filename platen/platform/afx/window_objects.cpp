@@ -6,11 +6,11 @@ namespace {
 
 using WindowTable = platen::afx::ObjectTable<CWnd, &CWnd::m_hWnd>;
 
-constinit WindowTable g_permanent;
-constinit WindowTable g_temporary;
+constinit WindowTable g_permanentWindows;
+constinit WindowTable g_temporaryWindows;
 
 /// A temporary object never destroys its window.
-void DeleteTemporary(CWnd* object) {
+void DeleteTemporaryWindow(CWnd* object) {
     object->m_hWnd = nullptr;
     delete object;
 }
@@ -18,7 +18,7 @@ void DeleteTemporary(CWnd* object) {
 }  // namespace
 
 CWnd* CWnd::FromHandlePermanent(HWND window) {
-    return window == nullptr ? nullptr : g_permanent.Find(window);
+    return window == nullptr ? nullptr : g_permanentWindows.Find(window);
 }
 
 CWnd* CWnd::FromHandle(HWND window) {
@@ -27,23 +27,23 @@ CWnd* CWnd::FromHandle(HWND window) {
     }
     CWnd* object = FromHandlePermanent(window);
     if (object == nullptr) {
-        object = g_temporary.Find(window);
+        object = g_temporaryWindows.Find(window);
     }
     if (object == nullptr) {
         // An application that is never idle would otherwise gather objects of dead windows.
-        g_temporary.RemoveIf([](const CWnd& old) { return ::IsWindow(old.m_hWnd) == FALSE; },
-                             DeleteTemporary);
+        g_temporaryWindows.RemoveIf([](const CWnd& old) { return ::IsWindow(old.m_hWnd) == FALSE; },
+                                    DeleteTemporaryWindow);
         object = new (std::nothrow) CWnd;
         if (object != nullptr) {
             object->m_hWnd = window;
-            g_temporary.Insert(*object);
+            g_temporaryWindows.Insert(*object);
         }
     }
     return object;
 }
 
 void CWnd::DeleteTempMap() {
-    g_temporary.RemoveIf([](const CWnd&) { return true; }, DeleteTemporary);
+    g_temporaryWindows.RemoveIf([](const CWnd&) { return true; }, DeleteTemporaryWindow);
 }
 
 BOOL CWnd::Attach(HWND window) {
@@ -54,7 +54,7 @@ BOOL CWnd::Attach(HWND window) {
         return FALSE;
     }
     m_hWnd = window;
-    g_permanent.Insert(*this);
+    g_permanentWindows.Insert(*this);
     return TRUE;
 }
 
@@ -72,7 +72,7 @@ HWND CWnd::Detach() {
     if (window == nullptr) {
         return nullptr;
     }
-    g_permanent.Remove(*this);
+    g_permanentWindows.Remove(*this);
     const auto ours = reinterpret_cast<LONG_PTR>(&AfxWndProc);
     if (m_below != nullptr && ::GetWindowLongPtr(window, GWLP_WNDPROC) == ours) {
         ::SetWindowLongPtr(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_below));

@@ -14,6 +14,7 @@
 
 inline constexpr UINT GMEM_MOVEABLE = 0x02;
 inline constexpr UINT GMEM_ZEROINIT = 0x40;
+inline constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
 
 extern "C" {
 /// A new block of `size` bytes, zero-filled with GMEM_ZEROINIT; 0 when memory is exhausted.

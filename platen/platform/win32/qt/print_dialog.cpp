@@ -48,7 +48,7 @@ class LockedBlock {
 
 HGLOBAL NewBlock(HGLOBAL before, std::size_t size) {
     GlobalFree(before);
-    return GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size);
+    return GlobalAlloc(GHND, size);
 }
 
 /// The printer that the record's blocks describe, or the usual one.
