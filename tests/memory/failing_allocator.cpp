@@ -43,7 +43,8 @@ void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     return std::malloc(size);
 }
 void* operator new(std::size_t size) {
-    void* block = __real_malloc(size);
+    const bool fails = platen::test::g_failure.throwing && Fails();
+    void* block = fails ? nullptr : __real_malloc(size);
     return block != nullptr ? block : throw std::bad_alloc();
 }
 void operator delete(void* block) noexcept {

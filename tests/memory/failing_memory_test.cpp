@@ -1,15 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <platen/base/buffer.h>
 #include <platen/base/files.h>
 #include <platen/base/memory.h>
-#include <platen/tiff/Tiff.h>
+#include <platen/tiff/TiffCopy.h>
 
 #include "tests/memory/failing_allocator.h"
 #include "tests/support/temporary_file.h"
@@ -28,7 +30,7 @@ int FailInTurn(Pass pass) {
     int failures = 0;
     for (const bool lasting : {false, true}) {
         for (int i = 1;; ++i) {
-            platen::test::g_failure = {i, lasting, false};
+            platen::test::g_failure = {.countdown = i, .lasting = lasting};
             pass();
             const bool happened = platen::test::g_failure.happened;
             platen::test::g_failure = {};
@@ -103,6 +105,43 @@ TEST(FailingMemory, AReadLeaksOrDisagreesWithItself) {
     });
     EXPECT_TRUE(passed);
     EXPECT_GT(failures, 500) << "too few allocations were made to fail";
+}
+
+/// How many names in a file's folder begin with its own.
+std::ptrdiff_t NamesBeside(const std::filesystem::path& path) {
+    const std::string start = path.filename().string();
+    return std::ranges::count_if(std::filesystem::directory_iterator(path.parent_path()),
+                                 [&start](const auto& entry) {
+                                     return entry.path().filename().string().starts_with(start);
+                                 });
+}
+
+TEST(FailingMemory, ACopyIsLeftHalfDone) {
+    const Bytes image = {'a', 'b', 'c', 'd'};
+    const TemporaryFile file(Build(
+        {.data = image,
+         .directories = {{{Longs(254, {0}), Longs(256, {4}), Longs(257, {1}), Shorts(258, {8}),
+                           Longs(273, {8}), Longs(279, {4}), Longs(34000, {1, 2})}}}}));
+    const std::string copy = std::string(file.Name()) + ".copy";
+    int refused = 0;
+    FailInTurn([&] {
+        Failure armed = std::exchange(platen::test::g_failure, {});
+        armed.throwing = true;
+        TiffCopy tiff;
+        void* source = tiff.Open(file.Name(), 0);
+        platen::test::g_failure = armed;
+        tiff.Read(source);
+        const TiffCopy::Result result = tiff.CopyTo(copy.c_str(), TIFF_INTEL);
+        armed = std::exchange(platen::test::g_failure, {});
+        const bool done = result.outcome == TiffCopy::Outcome::Done;
+        refused += result.outcome == TiffCopy::Outcome::NoMemory ? 1 : 0;
+        EXPECT_TRUE(done || armed.happened) << result.reason;
+        EXPECT_EQ(NamesBeside(file.Name()), done ? 2 : 1) << result.reason;
+        std::filesystem::remove(copy);
+        tiff.Close(source);
+        platen::test::g_failure.happened = armed.happened;
+    });
+    EXPECT_GT(refused, 5) << "too few allocations were made to fail";
 }
 
 TEST(FailingMemory, AnObjectIsHalfBuilt) {

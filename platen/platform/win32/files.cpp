@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <new>
 
 #include <platen/platform/win32/file_windows.h>
@@ -88,19 +89,19 @@ constinit OpenFiles g_files;
 
 /// O_NONBLOCK keeps an open of a pipe without a writer from waiting; it changes nothing for files.
 HFILE Open(LPCSTR name, int flags, mode_t permissions) {
-    if (name == nullptr) {
+    std::unique_ptr<OpenFile> state(new (std::nothrow) OpenFile);
+    if (name == nullptr || state == nullptr) {
         return HFILE_ERROR;
     }
     const int descriptor = open(name, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, permissions);
     if (descriptor < 0) {
         return HFILE_ERROR;
     }
-    auto* state = new (std::nothrow) OpenFile;
-    if (state == nullptr || !g_files.Add(descriptor, state)) {
-        delete state;
+    if (!g_files.Add(descriptor, state.get())) {
         close(descriptor);
         return HFILE_ERROR;
     }
+    static_cast<void>(state.release());
     return descriptor;
 }
 
@@ -122,7 +123,13 @@ LONG MoveTo(OpenFile& state, std::int64_t target) {
 
 HFILE _lcreat(LPCSTR name, int attribute) {
     const mode_t permissions = (attribute & FILE_ATTRIBUTE_READONLY) != 0 ? 0444 : 0666;
-    return Open(name, O_RDWR | O_CREAT | O_TRUNC, permissions);
+    const HFILE file = Open(name, O_RDWR | O_CREAT, permissions);
+    // What was there goes only when nothing can fail any more. What is no file has no size.
+    if (file >= 0 && ftruncate(file, 0) != 0 && errno != EINVAL) {
+        CloseHandle(reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(file)));
+        return HFILE_ERROR;
+    }
+    return file;
 }
 
 HFILE _lopen(LPCSTR name, int mode) {
