@@ -60,6 +60,14 @@ TEST_F(ProgressWindow, TheDialogDoesNotFillTheFrame) {
     EXPECT_TRUE(::IsWindow(bar->m_hWnd));
 }
 
+TEST_F(ProgressWindow, AnotherStyleReachesTheFrame) {
+    ASSERT_TRUE(bar->Create(nullptr, "", WS_CHILD | WS_SYSMENU | MFS_SYNCACTIVE, CRect(),
+                            &host.window, 0, nullptr));
+    constexpr DWORD kForced = WS_POPUP | WS_BORDER | MFS_4THICKFRAME;
+    constexpr DWORD kAsked = WS_CHILD | WS_SYSMENU | MFS_SYNCACTIVE;
+    EXPECT_EQ(bar->GetStyle() & (kForced | kAsked), kForced);
+}
+
 TEST_F(ProgressWindow, TextOrBarTellAnotherPercentage) {
     ASSERT_EQ(bar->BeginPercent(nullptr), 1);
     struct Case {
@@ -235,6 +243,22 @@ TEST(ProgressWindowLife, AnExceptionOrTheObjectsEndLeavesAWindow) {
     delete bar;
     EXPECT_FALSE(::IsWindow(frame));
     EXPECT_FALSE(::IsWindow(dialog));
+}
+
+/// A bar whose window cannot be made.
+class RefusedBar : public ProgressBar {
+  protected:
+    BOOL PreCreateWindow(CREATESTRUCT& /*creation*/) override { return FALSE; }
+};
+
+TEST(ProgressWindowLife, AWindowThatCannotBeMadeIsShown) {
+    Host host;
+    RefusedBar bar;
+    EXPECT_EQ(bar.BeginPercent("Refused"), 0);
+    EXPECT_EQ(bar.m_hWnd, nullptr);
+    EXPECT_EQ(bar.MonitorPercent(1, 2, 1), 0);
+    EXPECT_EQ(bar.EndPercent(), 1);
+    EXPECT_TRUE(host.window.IsWindowEnabled());
 }
 
 TEST(ProgressWindowLife, WithoutAMainWindowNothingIsShown) {

@@ -195,40 +195,4 @@ TEST(Loading, ClassesAreNotInTheRegistry) {
     EXPECT_EQ(CRuntimeClass::FromName("CXModalDlg")->CreateObject(), nullptr);
 }
 
-TEST(Notifiers, DefaultsAreNotNeutral) {
-    Notifier source;
-    EXPECT_EQ(source.bGetEnableDrawFlag(), 1);
-    source.vSetEnableDrawFlag(7);
-    Notifier copy(source);
-    Notifier assigned;
-    assigned = source;
-    EXPECT_EQ(copy.bGetEnableDrawFlag(), 7);
-    EXPECT_EQ(assigned.bGetEnableDrawFlag(), 7);
-    EXPECT_EQ(copy.isModified(), 0);
-    EXPECT_EQ(copy.onSelect(-3), -3);
-    for (const auto event :
-         {&Notifier::mouseMove, &Notifier::lButtonDown, &Notifier::lButtonUp,
-          &Notifier::lButtonDblClk, &Notifier::rButtonDown, &Notifier::rButtonUp}) {
-        EXPECT_EQ((copy.*event)(0, CPoint(1, 2)), 0);
-    }
-    for (const auto event : {&Notifier::keyChar, &Notifier::keyDown, &Notifier::keyUp}) {
-        EXPECT_EQ((copy.*event)('A', 1, 0), 0);
-    }
-    EXPECT_EQ(copy.onRename(Notifier::TX_BEGIN, &source), 1);
-    EXPECT_EQ(copy.onSize(Notifier::TX_END, 3, 4), 1);
-    EXPECT_EQ(copy.onSize(Notifier::TX_END), 1);
-    EXPECT_EQ(copy.onMove(Notifier::TX_END, -3, 4), 1);
-    EXPECT_EQ(copy.onMove(Notifier::TX_END), 1);
-    EXPECT_EQ(copy.onDestroy(), 0);
-    EXPECT_EQ(copy.remove(), 1);
-    EXPECT_EQ(copy.remove(&source), 1);
-    EXPECT_EQ(copy.getAction(), 0U);
-    EXPECT_EQ(copy.getData(), nullptr);
-    EXPECT_EQ(copy.getInspector(), nullptr);
-    CString text = "abc";
-    EXPECT_STREQ(copy.save(text), "abc");
-    EXPECT_STREQ(copy.load(text), "abc");
-    EXPECT_STREQ(copy.GetRuntimeClass()->m_lpszClassName, "Notifier");
-}
-
 }  // namespace

@@ -39,9 +39,23 @@ class Printing : public testing::Test {
     }
 };
 
+/// Counts how often it is confirmed.
+class CountingPrintDialog : public CXPrintDlg {
+  public:
+    using CXPrintDlg::CXPrintDlg;
+    int confirmed = 0;
+
+  protected:
+    void OnOK() override {
+        ++confirmed;
+        CXPrintDlg::OnOK();
+    }
+};
+
 TEST_F(Printing, NothingIsPrinted) {
-    CXPrintDlg dialog(FALSE, PD_USEDEVMODECOPIES, nullptr);
+    CountingPrintDialog dialog(FALSE, PD_USEDEVMODECOPIES, nullptr);
     ASSERT_EQ(Confirm(dialog), IDOK);
+    EXPECT_EQ(dialog.confirmed, 1);
     const HDC printer = dialog.GetPrinterDC();
     ASSERT_NE(printer, nullptr);
     EXPECT_TRUE(dialog.PrintAll());
