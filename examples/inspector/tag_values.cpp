@@ -96,7 +96,7 @@ Number NumberOf(const Tiff& tiff, std::uint16_t tag, short dir) {
 }
 
 /// All 17 values; getTAG gives 16 of them.
-Words ColorTableOf(const Tiff& tiff, short dir) {
+Words ColorTableNumbers(const Tiff& tiff, short dir) {
     const std::uint16_t* table = tiff.getStdDir()[dir].ColorTable;
     return {table, table + kColorTableTaken};
 }
@@ -266,7 +266,7 @@ std::string TagText(const Tiff& tiff, std::uint16_t tag, short dir, std::size_t 
         case TagKind::Long:
             return std::to_string(NumberOf<std::uint32_t>(tiff, tag, dir));
         case TagKind::Words:
-            return Joined(tag == kColorTable ? ColorTableOf(tiff, dir)
+            return Joined(tag == kColorTable ? ColorTableNumbers(tiff, dir)
                                              : NumbersOf<std::uint16_t>(tiff, tag, dir),
                           most);
         case TagKind::Offsets:

@@ -4,41 +4,29 @@
 #include <QFontInfo>
 
 #include <platen/platform/win32/qt_window.h>
-#include <platen/ui/modal_dialogs.h>
 
 namespace inspector {
 namespace {
 
-constexpr int kTenthsOfPointPerInch = 720;
+/// The system's font of fixed width, with the size in tenths of a point.
+CLogFont FixedFont() {
+    const QFontInfo font(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    return {static_cast<int>(font.pointSizeF() * 10), font.family().toUtf8().constData(),
+            FIXED_PITCH};
+}
 
 }  // namespace
 
-TextFont::TextFont() : m_color(GetSysColor(COLOR_WINDOWTEXT)) {
-    const QFontInfo font(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_size = static_cast<int>(font.pointSizeF() * 10);
-    m_font.lfWeight = FW_NORMAL;
-    m_font.lfPitchAndFamily = FIXED_PITCH;
-    qstrncpy(m_font.lfFaceName, font.family().toUtf8().constData(), LF_FACESIZE);
-}
+TextFont::TextFont() : m_font(FixedFont()) {}
 
 bool TextFont::Edit(QWidget& parent) {
-    m_font.lfHeight = -(parent.logicalDpiY() * m_size / kTenthsOfPointPerInch);
-    LOGFONT chosen = m_font;
-    CXFontDlg dialog(&chosen, CF_EFFECTS | CF_SCREENFONTS, nullptr,
-                     CWnd::FromHandle(PlatenWindowOfWidget(&parent)));
-    dialog.m_cf.rgbColors = m_color;
-    if (dialog.DoModal() != IDOK) {
-        return false;
-    }
-    m_font = chosen;
-    m_size = dialog.GetSize();
-    m_color = dialog.GetColor();
-    return true;
+    CWnd* window = CWnd::FromHandle(PlatenWindowOfWidget(&parent));
+    return m_font.bEdit(window, 0) != 0;
 }
 
 QFont TextFont::Font() const {
     QFont font(QString::fromUtf8(m_font.lfFaceName));
-    font.setPointSizeF(m_size / 10.0);
+    font.setPointSizeF(m_font.m_iPointSize / 10.0);
     font.setWeight(static_cast<QFont::Weight>(m_font.lfWeight));
     font.setItalic(m_font.lfItalic != 0);
     font.setUnderline(m_font.lfUnderline != 0);
@@ -48,8 +36,9 @@ QFont TextFont::Font() const {
 }
 
 QColor TextFont::Color() const {
-    return {static_cast<int>(m_color & 0xFF), static_cast<int>(m_color >> 8 & 0xFF),
-            static_cast<int>(m_color >> 16 & 0xFF)};
+    const COLORREF color = m_font.m_crColor;
+    return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+            static_cast<int>(color >> 16 & 0xFF)};
 }
 
 }  // namespace inspector

@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QWidget>
 
-#include <platen/platform/win32.h>
+#include <platen/ui/log_font.h>
 
 namespace inspector {
 
@@ -21,9 +21,7 @@ class TextFont {
     [[nodiscard]] QColor Color() const;
 
   private:
-    LOGFONT m_font = {};
-    COLORREF m_color;
-    int m_size;  ///< tenths of a point
+    CLogFont m_font;
 };
 
 }  // namespace inspector
