@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <memory>
 #include <type_traits>
 
 /// Blocks of the general heap: what the fetchers give and the records own. A block carries its size
@@ -64,6 +65,17 @@ void ReleaseBlock(T*& block) {
         block = nullptr;
     }
 }
+
+struct BlockDeleter {
+    template <typename T>
+    void operator()(T* block) const {
+        ReleaseBlock(block);
+    }
+};
+
+/// A block that goes with its scope.
+template <typename T>
+using OwnedBlock = std::unique_ptr<T[], BlockDeleter>;
 
 /// How many of `count` elements a block really holds; 0 for null and for a negative count.
 template <typename T>

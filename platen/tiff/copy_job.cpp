@@ -6,6 +6,7 @@
 
 #include <platen/base/files.h>
 #include <platen/base/memory.h>
+#include <platen/tiff/blocks.h>
 #include <platen/tiff/byte_order.h>
 #include <platen/tiff/directory_walk.h>
 #include <platen/tiff/file_layout.h>
@@ -291,12 +292,12 @@ const char* CopyJob::AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& di
         if (offset < 0 || offset + size > m_source.fileSize) {
             return "a tag's values lie beyond the end of the file";
         }
-        std::uint8_t* block = m_fetcher.CreateBLOCK(m_source.file, offset, static_cast<long>(size));
+        const OwnedBlock<std::uint8_t> block(
+            m_fetcher.CreateBLOCK(m_source.file, offset, static_cast<long>(size)));
         if (block == nullptr) {
             return "a tag's values cannot be had";
         }
-        value.bytes.assign(block, block + size);
-        m_fetcher.DeleteBLOCK(block);
+        value.bytes.assign(block.get(), block.get() + size);
     }
     ConvertElements(value.bytes.data(), value.bytes.data(), value.bytes.size() / type.element,
                     type.element, m_source.order);
