@@ -35,6 +35,11 @@ function(platen_across_files)
         set_target_properties(${ARGN} PROPERTIES INTERPROCEDURAL_OPTIMIZATION ON)
     endif()
 endfunction()
+if(PLATEN_LTO AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    # Programs that did not ask for it link the plain code.
+    target_link_options(platen_compile INTERFACE
+        $<$<NOT:$<BOOL:$<TARGET_PROPERTY:INTERPROCEDURAL_OPTIMIZATION>>>:-fno-lto>)
+endif()
 
 # platen_drop_other_systems(LIST): takes the files named for POSIX systems, or for Windows, out of a
 # list of sources where this build is not for them.
@@ -50,10 +55,12 @@ endfunction()
 option(PLATEN_PRECOMPILE "Read what many files include once, which tools that read sources cannot" ON)
 
 # platen_in_pieces(TARGET FILES): compiles that many files as one, for a target whose headers cost far
-# more than its own lines.
+# more than its own lines. CMAKE_UNITY_BUILD does so with every target.
 function(platen_in_pieces target files)
-    set_target_properties(${target} PROPERTIES
-        UNITY_BUILD ${PLATEN_PRECOMPILE} UNITY_BUILD_BATCH_SIZE ${files})
+    set_target_properties(${target} PROPERTIES UNITY_BUILD_BATCH_SIZE ${files})
+    if(PLATEN_PRECOMPILE)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD ON)
+    endif()
 endfunction()
 
 # platen_precompile(TARGET HEADER...): reads headers once a target.

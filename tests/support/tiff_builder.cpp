@@ -33,13 +33,13 @@ Entry MakeEntry(std::uint16_t tag, TiffFieldType type, unsigned width,
 }
 
 /// Where a directory and its long values stand.
-struct Place {
+struct DirectoryPlace {
     std::size_t directory;
     std::size_t values;
 };
 
-std::vector<Place> Arrange(const File& file) {
-    std::vector<Place> places;
+std::vector<DirectoryPlace> Arrange(const File& file) {
+    std::vector<DirectoryPlace> places;
     std::size_t at = kHeaderSize + file.data.size();
     for (const Directory& directory : file.directories) {
         const std::size_t values = at + DirectorySize(directory);
@@ -50,8 +50,8 @@ std::vector<Place> Arrange(const File& file) {
 }
 
 /// Appends to `bytes`, which is the directory, and writes the long values at their place.
-void PutDirectory(Bytes& bytes, const Directory& directory, Place place, std::uint32_t next,
-                  Order order) {
+void PutDirectory(Bytes& bytes, const Directory& directory, DirectoryPlace place,
+                  std::uint32_t next, Order order) {
     Patch(bytes, place.directory, static_cast<std::uint32_t>(directory.entries.size()), 2, order);
     std::size_t at = place.directory + 2;
     for (const Entry& entry : directory.entries) {
@@ -120,7 +120,7 @@ void Patch(Bytes& bytes, std::size_t offset, std::uint32_t number, unsigned widt
 }
 
 Bytes Build(const File& file) {
-    const std::vector<Place> places = Arrange(file);
+    const std::vector<DirectoryPlace> places = Arrange(file);
     const auto offsetOf = [&](std::size_t index) {
         return index < places.size() ? static_cast<std::uint32_t>(places[index].directory) : 0;
     };

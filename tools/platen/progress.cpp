@@ -6,11 +6,6 @@
 #include "system.h"
 
 namespace platen::tool {
-namespace {
-
-constexpr std::chrono::milliseconds kRedrawInterval{50};
-
-}  // namespace
 
 Progress::Progress(std::size_t files) : m_files(files), m_wanted(files > 1 && IsTerminal(stderr)) {}
 

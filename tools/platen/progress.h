@@ -5,6 +5,9 @@
 
 namespace platen::tool {
 
+/// A line that shows progress is not drawn more often.
+inline constexpr std::chrono::milliseconds kRedrawInterval{100};
+
 /// A line on standard error that says how many files are done, when there are several and standard
 /// error is a terminal. It vanishes with the object.
 class Progress {

@@ -6,13 +6,13 @@
 #include <string>
 
 #include "messages.h"
+#include "progress.h"
 #include "system.h"
 
 namespace platen::tool {
 namespace {
 
 constexpr std::chrono::seconds kFirstDraw{1};
-constexpr std::chrono::milliseconds kRedrawInterval{100};
 constexpr double kMegabyte = 1e6;
 constexpr std::size_t kUsualColumns = 80;
 constexpr std::size_t kLeastBar = 10;
