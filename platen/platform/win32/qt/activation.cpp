@@ -1,6 +1,7 @@
 #include <platen/platform/win32/qt/activation.h>
 
 #include <QApplication>
+#include <QTimer>
 #include <utility>
 
 #include <platen/platform/win32/message.h>
@@ -13,6 +14,34 @@ namespace {
 /// The windows that this library has told. Qt follows a little later, or has gone ahead.
 HWND g_focus = nullptr;
 HWND g_active = nullptr;
+
+/// The window that Qt has been asked to make active and has not told of yet: what it tells of
+/// others meanwhile is older than that.
+HWND g_awaited = nullptr;
+int g_requests = 0;
+/// After that the window system has refused, and what Qt has counts.
+constexpr int kRefusedAfter = 500;
+
+void Await(HWND handle, const QWidget& widget) {
+    if (g_awaited == nullptr && QApplication::activeWindow() == &widget) {
+        return;  // nothing changes, and nothing will be told
+    }
+    g_awaited = handle;
+    QTimer::singleShot(kRefusedAfter, qApp, [request = ++g_requests] {
+        if (g_awaited != nullptr && request == g_requests) {
+            g_awaited = nullptr;
+            FollowActiveWindow(QApplication::activeWindow());
+        }
+    });
+}
+
+/// Whether what Qt tells of a top-level window, or of none, is older than what it was asked for.
+bool IsOutdated(HWND told) {
+    if (told == g_awaited || IsWindow(g_awaited) == FALSE) {
+        g_awaited = nullptr;
+    }
+    return g_awaited != nullptr;
+}
 
 void ChangeFocus(HWND now) {
     const HWND before = std::exchange(g_focus, now);
@@ -62,6 +91,9 @@ void Raise(QWidget& widget) {
 void FollowFocus(QWidget* now) {
     const EventScope scope;
     const HWND nearest = NearestHandle(now);
+    if (IsOutdated(TopLevelOf(nearest))) {
+        return;
+    }
     const Window* const window = Find(nearest);
     // A part of one of this library's controls stands for it; a host's widget only for itself.
     const bool stands = window != nullptr && (!window->isHosts || window->widget == now);
@@ -77,6 +109,9 @@ void FollowFocus(QWidget* now) {
 void FollowActiveWindow(QWidget* widget) {
     const EventScope scope;
     const HWND handle = widget == nullptr ? nullptr : HandleOf(widget->window());
+    if (IsOutdated(handle)) {
+        return;
+    }
     if (widget == nullptr) {
         ChangeFocus(nullptr);
     }
@@ -91,6 +126,7 @@ void Activate(HWND handle) {
     if (window->widget) {
         Raise(*window->widget);
         window->widget->activateWindow();
+        Await(handle, *window->widget);
     }
     ChangeActive(handle);
     NoteWork();
