@@ -200,10 +200,9 @@ class PLATEN_API Tiff : public CObject {
     long WriteBlankIFD(void* file, short format);
     /// Fills every reserved directory; long values go to the end of the file.
     long WriteFullIFD(void* file, short format);
-    /// Appends each directory's image, copied from the file read last. 1, or -4 when there was no
-    /// memory for a buffer, and then zeros stand in the image's place.
+    /// Appends each directory's image, copied from the file read last. Always 1.
     long WriteDATA(void* file, short format);
-    /// Appends each directory's image size in zero bytes; 1 or -4.
+    /// Appends each directory's image size in zero bytes. Always 1.
     long WriteDATA(void* file);
     /// Moves `file` to where the directory's image was read: 0, or 1 for an index outside.
     long WriteSeek2Data(void* file, short dir);

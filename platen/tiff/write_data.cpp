@@ -23,31 +23,44 @@ std::int64_t ChunkSize(std::int64_t rowBytes, std::int64_t size) {
     return std::min(size, rows > 0 ? rows * rowBytes : kLargestChunk - 1);
 }
 
-/// Without memory for a buffer: zeros keep the area's place.
-void ReserveArea(void* file, std::int64_t size) {
-    static constexpr std::array<std::uint8_t, 4096> kZeros{};
-    constexpr auto kPiece = static_cast<std::int64_t>(kZeros.size());
-    for (std::int64_t done = 0; done < size; done += kPiece) {
-        FILE_write(file, kZeros.data(), static_cast<LONG>(std::min(kPiece, size - done)));
+/// Zeroed room for whole writes and the chunk that goes beyond one. When memory is exhausted it is
+/// a small one of the object's own, so that an image is copied all the same.
+class AreaBuffer {
+  public:
+    explicit AreaBuffer(std::int64_t size)
+        : m_block(static_cast<std::uint8_t*>(
+              MEM_NewPtr(static_cast<DWORD>(std::min(size, kWrite + kLargestChunk)), GHND))) {
+        if (m_block == nullptr) {
+            m_small.fill(0);
+        }
     }
-}
+    ~AreaBuffer() { MEM_FreePtr(m_block); }
+    AreaBuffer(const AreaBuffer&) = delete;
+    AreaBuffer& operator=(const AreaBuffer&) = delete;
+
+    std::uint8_t* Bytes() { return m_block != nullptr ? m_block : m_small.data(); }
+    /// What is written at once; a chunk is no larger.
+    [[nodiscard]] std::int64_t Write() const { return m_block != nullptr ? kWrite : kSmallWrite; }
+
+  private:
+    static constexpr std::int64_t kSmallWrite = 4096;
+
+    std::uint8_t* m_block;
+    std::array<std::uint8_t, 2 * kSmallWrite> m_small;
+};
 
 /// Writes an area of `size` bytes, which `fill(buffer, bytes)` fills chunk by chunk, or leaves zero
 /// throughout. Chunks are gathered into writes that end at multiples of 512 KiB in the file: the
-/// system keeps such a file in large pages, which saves a good part of the cost. False when there
-/// was no memory for the buffer. Failing transfers are not looked at.
+/// system keeps such a file in large pages, which saves a good part of the cost. Failing transfers
+/// are not looked at.
 template <typename Fill>
-bool WriteArea(void* file, std::int64_t rowBytes, std::int64_t size, Fill fill) {
+void WriteArea(void* file, std::int64_t rowBytes, std::int64_t size, Fill fill) {
     if (size == 0) {
-        return true;
+        return;
     }
-    const std::int64_t chunk = ChunkSize(rowBytes, size);
-    const auto room = static_cast<DWORD>(std::min(size, kWrite + kLargestChunk));
-    auto* buffer = static_cast<std::uint8_t*>(MEM_NewPtr(room, GHND));
-    if (buffer == nullptr) {
-        ReserveArea(file, size);
-        return false;
-    }
+    AreaBuffer area(size);
+    std::uint8_t* const buffer = area.Bytes();
+    const std::int64_t chunk = std::min(ChunkSize(rowBytes, size), area.Write());
     std::int64_t held = 0;
     std::int64_t position = FILE_lseek(file, 0, 1);
     for (std::int64_t left = size; left > 0;) {
@@ -55,7 +68,7 @@ bool WriteArea(void* file, std::int64_t rowBytes, std::int64_t size, Fill fill) 
         fill(buffer + held, static_cast<LONG>(bytes));
         held += bytes;
         left -= bytes;
-        const std::int64_t due = left == 0 ? held : kWrite - position % kWrite;
+        const std::int64_t due = left == 0 ? held : area.Write() - position % area.Write();
         if (held >= due) {
             FILE_write(file, buffer, static_cast<LONG>(due));
             position += due;
@@ -63,8 +76,6 @@ bool WriteArea(void* file, std::int64_t rowBytes, std::int64_t size, Fill fill) 
             std::memmove(buffer, buffer + due, static_cast<std::size_t>(held));
         }
     }
-    MEM_FreePtr(buffer);
-    return true;
 }
 
 /// Where a directory's image lies in the file that was read; -1 without strip offsets. A directory
@@ -97,20 +108,15 @@ long Tiff::WriteDATA(void* file, short format) {
         const bool swapped = format == TIFF_MOTOROLA && platen::tiff::BytesPerPixel(record) == 2;
         const std::int64_t source = platen::tiff::SourceOf(record);
         const bool readable = source >= 0 && FILE_lseek(m_hFile, static_cast<LONG>(source), 0) >= 0;
-        const bool buffered =
-            WriteArea(file, RowBytes(record), size, [&](std::uint8_t* buffer, LONG bytes) {
-                const LONG got = readable ? FILE_read(m_hFile, buffer, bytes) : 0;
-                // What the source does not have is zero.
-                std::fill(buffer + std::max<LONG>(got, 0), buffer + bytes, std::uint8_t{0});
-                if (swapped) {
-                    platen::tiff::ConvertElements(buffer, buffer,
-                                                  static_cast<std::size_t>(bytes) / 2, 2,
-                                                  static_cast<std::uint16_t>(format));
-                }
-            });
-        if (!buffered) {
-            m_Status = -4;
-        }
+        WriteArea(file, RowBytes(record), size, [&](std::uint8_t* buffer, LONG bytes) {
+            const LONG got = readable ? FILE_read(m_hFile, buffer, bytes) : 0;
+            // What the source does not have is zero.
+            std::fill(buffer + std::max<LONG>(got, 0), buffer + bytes, std::uint8_t{0});
+            if (swapped) {
+                platen::tiff::ConvertElements(buffer, buffer, static_cast<std::size_t>(bytes) / 2,
+                                              2, static_cast<std::uint16_t>(format));
+            }
+        });
     });
     return m_Status;
 }
@@ -121,9 +127,7 @@ long Tiff::WriteDATA(void* file) {
     FILE_lseek(file, 0, 2);
     std::int64_t total = 0;
     ForEachDataArea([&total](short /*dir*/, std::int64_t size) { total += size; });
-    if (!WriteArea(file, platen::tiff::kLargestChunk, total, [](std::uint8_t*, LONG) {})) {
-        m_Status = -4;
-    }
+    WriteArea(file, platen::tiff::kLargestChunk, total, [](std::uint8_t*, LONG) {});
     return m_Status;
 }
 

@@ -116,12 +116,45 @@ std::ptrdiff_t NamesBeside(const std::filesystem::path& path) {
                                  });
 }
 
+constexpr std::uint32_t kSide = 100;
+
+/// The pixels of a gray image that differ from their neighbours.
+Bytes Pixels() {
+    Bytes pixels(kSide * kSide, '\0');
+    std::ranges::generate(pixels,
+                          [value = 0]() mutable { return static_cast<char>(value++ % 251); });
+    return pixels;
+}
+
+/// A gray image, and a tag that no record holds.
+Bytes GrayImage() {
+    return Build({.data = Pixels(),
+                  .directories = {
+                      {{Longs(254, {0}), Longs(256, {kSide}), Longs(257, {kSide}), Shorts(258, {8}),
+                        Longs(273, {8}), Longs(279, {kSide * kSide}), Longs(34000, {1, 2})}}}});
+}
+
+TEST(FailingMemory, AWrittenFileIsTakenForWhole) {
+    const TemporaryFile file(GrayImage());
+    const TemporaryFile written("");
+    Tiff tiff;
+    void* source = tiff.Open(file.Name(), 0);
+    ASSERT_EQ(tiff.Read(source), 1);
+    const Bytes pixels = Pixels();
+    const int failures = FailInTurn([&] {
+        const long status = tiff.WriteCopy(written.Name(), TIFF_INTEL);
+        const bool happened = platen::test::g_failure.happened;
+        const Failure armed = std::exchange(platen::test::g_failure, {});
+        EXPECT_TRUE(status == 1 || happened) << status;
+        EXPECT_TRUE(status != 1 || written.Contents().compare(8, pixels.size(), pixels) == 0);
+        platen::test::g_failure.happened = armed.happened;
+    });
+    EXPECT_GT(failures, 2) << "too few allocations were made to fail";
+    tiff.Close(source);
+}
+
 TEST(FailingMemory, ACopyIsLeftHalfDone) {
-    const Bytes image = {'a', 'b', 'c', 'd'};
-    const TemporaryFile file(Build(
-        {.data = image,
-         .directories = {{{Longs(254, {0}), Longs(256, {4}), Longs(257, {1}), Shorts(258, {8}),
-                           Longs(273, {8}), Longs(279, {4}), Longs(34000, {1, 2})}}}}));
+    const TemporaryFile file(GrayImage());
     const std::string copy = std::string(file.Name()) + ".copy";
     int refused = 0;
     FailInTurn([&] {
