@@ -233,6 +233,41 @@ TEST(Dialogs, KeysDoNotReachAModelessDialogInAFrame) {
     EXPECT_TRUE(dialog.isCancelled);
 }
 
+/// An application with work for idle time, which ends when that is done.
+class IdleApplication : public CWinApp {
+  public:
+    LONG done = 0;
+
+    BOOL OnIdle(LONG count) override {
+        EXPECT_FALSE(CWinApp::OnIdle(count));
+        EXPECT_EQ(count, done);
+        if (++done == 3) {
+            ::PostQuitMessage(5);
+        }
+        return done < 3 ? TRUE : FALSE;
+    }
+};
+
+TEST(Application, WorkForIdleTimeIsNotDoneToItsEnd) {
+    IdleApplication application;
+    const auto system = reinterpret_cast<HFONT>(::GetStockObject(SYSTEM_FONT));
+    EXPECT_NE(CFont::FromHandle(system), nullptr);
+    EXPECT_EQ(application.Run(), 5);
+    EXPECT_EQ(application.done, 3);
+    EXPECT_NE(CFont::FromHandle(system), nullptr) << "the font went with its temporary object";
+    CGdiObject::DeleteTempMap();
+}
+
+TEST(StatusBars, APaneThatIsNotThereTakesAText) {
+    Host host;
+    EXPECT_TRUE(host.statusBar.SetPaneText(1, "memory"));
+    EXPECT_FALSE(host.statusBar.SetPaneText(7, "nowhere"));
+    EXPECT_STREQ(host.statusBar.GetPaneText(1), "memory");
+    EXPECT_STREQ(host.statusBar.GetPaneText(7), "");
+    CStatusBar none;
+    EXPECT_FALSE(none.SetPaneText(0, "nowhere"));
+}
+
 TEST(Application, TheLoopGoesOnOrLosesTheExitStatus) {
     Host host;
     host.window.PostMessage(kHostMessage);

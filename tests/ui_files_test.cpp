@@ -162,7 +162,7 @@ TEST_F(FileDialogs, AHostsOwnRoomOverflows) {
     EXPECT_EQ(std::string_view(room.data() + 8, 8), std::string_view("\0\0\0\0\0\0\0\0", 8));
 }
 
-/// A dialog that keeps its user from confirming at first, and counts.
+/// A dialog that keeps its user from confirming or cancelling at first, and counts.
 class StubbornDialog : public CXFileDlg {
   public:
     using CXFileDlg::CXFileDlg;
@@ -174,6 +174,11 @@ class StubbornDialog : public CXFileDlg {
             CXFileDlg::OnOK();
         }
     }
+    void OnCancel() override {
+        if (++asked > 1) {
+            CXFileDlg::OnCancel();
+        }
+    }
 };
 
 TEST_F(FileDialogs, ADerivedDialogIsNotAsked) {
@@ -181,6 +186,10 @@ TEST_F(FileDialogs, ADerivedDialogIsNotAsked) {
     EXPECT_EQ(Run(dialog, {Person::Answers(IDOK), Person::Types({VK_RETURN})}), IDOK);
     EXPECT_EQ(dialog.asked, 2);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
+    EXPECT_FALSE(dialog.GetReadOnlyPref());
+    StubbornDialog cancelled(TRUE, nullptr, "third.txt", 0, kFilter, &host.window);
+    EXPECT_EQ(Run(cancelled, {Person::Answers(IDCANCEL), Person::Types({VK_ESCAPE})}), IDCANCEL);
+    EXPECT_EQ(cancelled.asked, 2);
 }
 
 }  // namespace

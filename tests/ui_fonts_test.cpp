@@ -62,6 +62,14 @@ TEST(FontDialogs, AConfirmedFontIsAnother) {
     EXPECT_TRUE(host.window.IsWindowEnabled());
 }
 
+TEST(FontDialogs, AStylesNameOverflows) {
+    CXFontDlg dialog;
+    dialog.SetStyleName("Bold Italic");
+    EXPECT_STREQ(dialog.GetStyleName(), "Bold Italic");
+    dialog.SetStyleName(std::string(100, 'x').c_str());
+    EXPECT_STREQ(dialog.GetStyleName(), std::string(63, 'x').c_str());
+}
+
 TEST(FontDialogs, ATypedSizeIsIgnored) {
     Host host;
     LOGFONT font = FontOf("Liberation Sans", -16, FW_NORMAL);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <platen/platen.h>
 
 #include "tests/support/windows/host_application.h"
@@ -189,6 +191,11 @@ TEST(Loading, ClassesAreNotInTheRegistry) {
         }
         EXPECT_EQ(found, 1) << name;
     }
+    EXPECT_EQ(Tiff().GetRuntimeClass(), CRuntimeClass::FromName("Tiff"));
+    const std::unique_ptr<CObject> record(
+        CRuntimeClass::FromName("ProgressBarStatus")->CreateObject());
+    ASSERT_NE(record, nullptr);
+    EXPECT_STREQ(record->GetRuntimeClass()->m_lpszClassName, "ProgressBarStatus");
     const CXFontDlg font;
     EXPECT_STREQ(font.GetRuntimeClass()->m_lpszClassName, "CXFontDlg");
     EXPECT_TRUE(font.IsKindOf(RUNTIME_CLASS(CCommonDialog)));

@@ -20,4 +20,13 @@ TEST(PrintDialogs, APrinterThatIsNotThereIsGiven) {
     EXPECT_TRUE(host.window.IsWindowEnabled());
 }
 
+TEST(PrintDialogs, AChoiceIsTakenForAnother) {
+    const CXPrintDlg selection(FALSE, PD_SELECTION | PD_COLLATE, nullptr);
+    EXPECT_TRUE(selection.PrintSelection());
+    EXPECT_TRUE(selection.PrintCollate());
+    EXPECT_FALSE(selection.PrintAll());
+    EXPECT_FALSE(selection.PrintRange());
+    EXPECT_STREQ(selection.GetDeviceName(), "");
+}
+
 }  // namespace
