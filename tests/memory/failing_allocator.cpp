@@ -23,6 +23,8 @@ bool Fails() {
 
 }  // namespace
 
+// The linker also looks at what shared libraries ask for.
+#pragma GCC visibility push(default)
 extern "C" {
 void* __real_malloc(std::size_t size);
 void* __real_calloc(std::size_t count, std::size_t size);
@@ -38,6 +40,8 @@ void* __wrap_realloc(void* block, std::size_t size) {
     return Fails() ? nullptr : __real_realloc(block, size);
 }
 }
+
+#pragma GCC visibility pop
 
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     return std::malloc(size);
