@@ -178,6 +178,13 @@ TEST(Messages, ARowHandsOnAnotherMessageOrOtherArguments) {
         window.SendMessage(sent.message, sent.wParam, sent.lParam);
         EXPECT_EQ(window.Take(), sent.note);
     }
+    EXPECT_EQ(window.GetExStyle() & WS_EX_TOPMOST, 0U);
+    EXPECT_NE(window.SetTimer(4, 10), 0U);
+    std::string ticked;
+    EXPECT_TRUE(Host::PumpUntil([&] { return !(ticked += window.Take()).empty(); }));
+    EXPECT_TRUE(ticked.starts_with("timer 4\n")) << ticked;
+    EXPECT_TRUE(window.KillTimer(4));
+    EXPECT_FALSE(window.KillTimer(4));
     window.ShowWindow(SW_SHOWNOACTIVATE);
     window.UpdateWindow();
     EXPECT_NE(window.Take().find("paint 100 1\n"), std::string::npos);

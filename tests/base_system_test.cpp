@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include <platen/base/system.h>
+#include <platen/platform/afx/file_status.h>
 #include <platen/progress/percent.h>
 
 #include "tests/support/temporary_file.h"
@@ -62,6 +63,16 @@ TEST(FileTest, FilesFoldersOrMissingNamesAreMixedUp) {
     EXPECT_EQ(IsFileExist("/no such folder/file"), 0);
     EXPECT_EQ(IsFileExist(""), 0);
     EXPECT_EQ(IsFileExist(nullptr), 0);
+}
+
+TEST(FileTest, AStatusTellsOfAnotherFile) {
+    const TemporaryFile file("seven b");
+    CFileStatus status = {};
+    ASSERT_TRUE(CFile::GetStatus(file.Name(), status));
+    EXPECT_EQ(status.m_size, 7U);
+    EXPECT_EQ(status.m_attribute & FILE_ATTRIBUTE_DIRECTORY, 0U);
+    ASSERT_TRUE(CFile::GetStatus(".", status));
+    EXPECT_NE(status.m_attribute & FILE_ATTRIBUTE_DIRECTORY, 0U);
 }
 
 }  // namespace
