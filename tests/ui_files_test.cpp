@@ -8,6 +8,7 @@
 #include <platen/ui/modal_dialogs.h>
 
 #include "tests/support/windows/host_application.h"
+#include "tests/support/windows/own_folder.h"
 #include "tests/support/windows/person.h"
 
 namespace {
@@ -22,8 +23,7 @@ constexpr char kFilter[] = "TIFF files|*.tif;*.tiff|Texts|*.txt|All files|*.*||"
 class FileDialogs : public testing::Test {
   protected:
     Host host;
-    std::filesystem::path folder =
-        std::filesystem::temp_directory_path() / "platen files, for dialogs";
+    std::filesystem::path folder = OwnFolder("platen files, for dialogs");
 
     FileDialogs() {
         std::filesystem::remove_all(folder);

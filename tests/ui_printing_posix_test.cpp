@@ -8,6 +8,7 @@
 #include <platen/ui/modal_dialogs.h>
 
 #include "tests/support/windows/host_application.h"
+#include "tests/support/windows/own_folder.h"
 #include "tests/support/windows/person.h"
 
 namespace {
@@ -23,20 +24,28 @@ std::string Contents(const std::filesystem::path& path) {
 class Printing : public testing::Test {
   protected:
     Host host;
-    std::filesystem::path home = std::filesystem::temp_directory_path() / "platen printing";
+    std::filesystem::path home = OwnFolder("platen printing");
 
     Printing() {
         std::filesystem::remove_all(home);
         std::filesystem::create_directory(home);
         ::setenv("HOME", home.c_str(), 1);
     }
-    ~Printing() override { std::filesystem::remove_all(home); }
+    ~Printing() override {
+        // Qt notes its settings there when later tests end their dialogs.
+        ::setenv("HOME", m_usualHome.c_str(), 1);
+        std::filesystem::remove_all(home);
+    }
 
     /// Lets a person confirm the dialog.
     int Confirm(CPrintDialog& dialog) const {
         Person person({Person::SeesOther(host.window.m_hWnd), Person::Answers(IDOK)});
         return dialog.DoModal();
     }
+
+  private:
+    const char* const m_before = std::getenv("HOME");
+    std::string m_usualHome = m_before == nullptr ? "" : m_before;
 };
 
 /// Counts how often it is confirmed.
