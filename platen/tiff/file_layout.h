@@ -20,7 +20,7 @@ constexpr std::size_t DirectorySize(std::size_t entries) {
     return kCountSize + kEntrySize * entries + kLinkSize;
 }
 
-/// Values and images stand on even offsets.
+/// The next even number: a copy puts its images and values there (TIFF 6.0, section 2).
 template <typename Size>
 constexpr Size Even(Size size) {
     return size + size % 2;

@@ -19,7 +19,7 @@ HWND g_active = nullptr;
 /// others meanwhile is older than that.
 HWND g_awaited = nullptr;
 int g_requests = 0;
-/// After that the window system has refused, and what Qt has counts.
+/// After that many milliseconds the window system has refused, and what Qt has counts.
 constexpr int kRefusedAfter = 500;
 
 void Await(HWND handle, const QWidget& widget) {
