@@ -9,13 +9,13 @@ namespace {
 using namespace platen::test;
 using Record = TiffIFDStdDirStruct;
 
-std::string Shown(const Rational& value) {
+std::string Written(const Rational& value) {
     return std::to_string(value.Numerator) + "/" + std::to_string(value.Denominator);
 }
-std::string Shown(std::int64_t value) {
+std::string Written(std::int64_t value) {
     return std::to_string(value);
 }
-std::string Shown(const char* value) {
+std::string Written(const char* value) {
     return value == nullptr ? "null" : std::string("'").append(value).append("'");
 }
 
@@ -23,13 +23,13 @@ template <typename T>
 std::string List(const T* values, std::size_t count) {
     std::string text = values == nullptr ? " null" : "";
     for (std::size_t i = 0; values != nullptr && i < count; ++i) {
-        text.append(" ").append(Shown(values[i]));
+        text.append(" ").append(Written(values[i]));
     }
     return text;
 }
 
 template <typename T, std::size_t N>
-std::string Shown(const T (&values)[N]) {
+std::string Written(const T (&values)[N]) {
     return List(values, N);
 }
 
@@ -57,15 +57,15 @@ const std::string kFresh[] = {"65535",   "4294967295",    "0",          kNoRatio
                               "0: null", "0: null | null"};
 
 template <typename T>
-std::string Shown(const Record& record, T Record::*member) {
-    return Shown(record.*member);
+std::string Written(const Record& record, T Record::*member) {
+    return Written(record.*member);
 }
-std::string Shown(const Record& record, const Block& block) {
-    return Shown(record.*block.count) + ":" + List(record.*block.shorts, record.*block.count);
+std::string Written(const Record& record, const Block& block) {
+    return Written(record.*block.count) + ":" + List(record.*block.shorts, record.*block.count);
 }
-std::string Shown(const Record& record, const Offsets& offsets) {
+std::string Written(const Record& record, const Offsets& offsets) {
     const Block& block = offsets;
-    return Shown(record, block) + " |" + List(record.*offsets.longs, record.*block.count);
+    return Written(record, block) + " |" + List(record.*offsets.longs, record.*block.count);
 }
 
 struct Row {
@@ -74,7 +74,7 @@ struct Row {
         return unset.empty() ? kFresh[member.index()] : unset;
     }
     [[nodiscard]] std::string Show(const Record& record) const {
-        return std::visit([&](const auto& which) { return Shown(record, which); }, member);
+        return std::visit([&](const auto& which) { return Written(record, which); }, member);
     }
     std::uint16_t tag;
     const char* label;
@@ -122,7 +122,7 @@ const std::vector<Row> kRows = {
 // clang-format on
 
 const auto kColorTable = [](const Record& record) {
-    return Shown(record.ColorTableOffset) + "," + Shown(record.ColorTableCount) + ":" +
+    return Written(record.ColorTableOffset) + "," + Written(record.ColorTableCount) + ":" +
            List(record.ColorTable, std::size(record.ColorTable));
 };
 const std::string kNoColorTable = "0,0: 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0";

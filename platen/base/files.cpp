@@ -2,17 +2,21 @@
 
 #include <algorithm>
 
+#include <platen/base/file_handles.h>
+
 namespace {
 
 constexpr LONG kReadWrite = 0x02;
 constexpr LONG kLargestTransfer = 0x7FFFFFFF;
 
 void* FromPlatform(HFILE file) {
-    return reinterpret_cast<void*>(static_cast<std::intptr_t>(file));
+    void* const handle = reinterpret_cast<void*>(static_cast<std::intptr_t>(file));
+    platen::ForgetLead(handle);
+    return handle;
 }
 
 HFILE ToPlatform(void* file) {
-    return static_cast<HFILE>(reinterpret_cast<std::intptr_t>(file));
+    return static_cast<HFILE>(reinterpret_cast<std::intptr_t>(platen::PlatformHandle(file)));
 }
 
 /// Moves `count` bytes in pieces that the platform takes. `piece` transfers at an offset into the
@@ -38,7 +42,7 @@ void* FILE_creat(const char* name, LONG attribute) {
 }
 
 void* FILE_open(const char* name, LONG mode, LONG* attribute) {
-    const HFILE file = _lopen(name, mode);
+    const HFILE file = platen::OpenExisting(name, mode);
     if (attribute != nullptr) {
         *attribute = file == HFILE_ERROR ? -1 : mode & kReadWrite;
     }
@@ -61,7 +65,7 @@ LONG FILE_write(void* file, const void* buffer, LONG count) {
 
 void* FILE_close(void* file) {
     if (file != FILE_none()) {
-        CloseHandle(file);
+        platen::EndHandle(file);
     }
     return FILE_none();
 }

@@ -1,5 +1,6 @@
 #include <platen/base/same_file.h>
 
+#include <platen/base/file_handles.h>
 #include <platen/base/files.h>
 
 namespace {
@@ -8,7 +9,8 @@ constexpr LONG kRead = 0;
 constexpr LONG kWrite = 1;
 
 bool Describe(void* file, BY_HANDLE_FILE_INFORMATION& information) {
-    return file != FILE_none() && GetFileInformationByHandle(file, &information) != FALSE;
+    return file != FILE_none() &&
+           GetFileInformationByHandle(platen::PlatformHandle(file), &information) != FALSE;
 }
 
 }  // namespace

@@ -1,10 +1,13 @@
 #include <platen/tiff/TiffCopy.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <new>
+#include <optional>
+#include <utility>
 
 #include <platen/base/files.h>
+#include <platen/base/output_file.h>
+#include <platen/base/system_error.h>
 #include <platen/tiff/blocks.h>
 #include <platen/tiff/copy_job.h>
 #include <platen/tiff/directory_walk.h>
@@ -73,6 +76,7 @@ TiffCopy::~TiffCopy() = default;
 
 long TiffCopy::Read(void* file) {
     m_Kept.clear();
+    m_TagBytes = 0;
     if (Tiff::Read(file) == -3 && m_ReadWhole) {
         m_Status = 1;
     }
@@ -90,6 +94,14 @@ long TiffCopy::Read(void* file) {
 void TiffCopy::ForgetTAG(std::uint16_t tag, short dir) {
     std::erase_if(m_Kept,
                   [&](const KeptEntry& kept) { return kept.dir == dir && kept.entry.Tag == tag; });
+}
+
+void TiffCopy::Count(const TiffIFDEntryStruct& entry) {
+    constexpr std::int64_t kMoreThanAnyFile = std::int64_t{1} << 40U;
+    const std::int64_t size =
+        std::int64_t{entry.Count} * platen::tiff::SizeOfType(entry.Type).value;
+    m_TagBytes =
+        std::min(m_TagBytes + platen::tiff::kEntrySize + (size > 4 ? size : 0), kMoreThanAnyFile);
 }
 
 long TiffCopy::Keep(const TiffIFDEntryStruct& entry, short dir) {
@@ -111,6 +123,7 @@ long TiffCopy::ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) 
     if (std::holds_alternative<platen::tiff::BlockSlot>(row->field)) {
         return 1;  // free space of this file, which a copy does not have
     }
+    Count(entry);
     if (!row->Accepts(entry.Type) || !std::visit(HoldsCount{entry.Count}, row->field)) {
         return Keep(entry, dir);
     }
@@ -125,25 +138,77 @@ long TiffCopy::ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) 
 }
 
 long TiffCopy::ParseIFDCustomDir(void* file, TiffIFDEntryStruct& entry, short dir) {
+    Count(entry);
     Keep(entry, dir);
     return Tiff::ParseIFDCustomDir(file, entry, dir);
 }
 
 TiffCopy::Result TiffCopy::CopyTo(const char* name, short format, Progress progress,
                                   void* context) {
+    return CopyTo(name, format, Options{.progress = progress, .context = context});
+}
+
+TiffCopy::Result TiffCopy::CopyTo(const char* name, short format, const Options& options) {
+    Result result;
+    try {
+        result = Save(name, format, options);
+    } catch (const std::bad_alloc&) {
+        result = {Outcome::NoMemory, -1, "memory is exhausted"};
+    }
+    if (result.outcome != Outcome::Done) {
+        platen::SetSystemError(result.systemError);  // what cleaned up may have changed it
+    }
+    return result;
+}
+
+TiffCopy::Result TiffCopy::Save(const char* name, short format, const Options& options) {
     if (!m_ReadWhole) {
         return {Outcome::SourceFailed, -1, "the file was not read whole"};
     }
-    try {
-        const platen::tiff::CopySource source = {
-            m_Kept,  m_PixelBytes, {m_StdDir, static_cast<std::size_t>(m_NumIFDStdDir)},
-            m_hFile, m_FileSize,   static_cast<std::uint16_t>(m_Format)};
-        platen::tiff::CopyJob job(*this, source, static_cast<std::uint16_t>(format));
-        const Result planned = job.Plan();
-        return planned.outcome == Outcome::Done ? job.Run(name, progress, context) : planned;
-    } catch (const std::bad_alloc&) {
-        return {Outcome::NoMemory, -1, "memory is exhausted"};
-    } catch (const std::filesystem::filesystem_error&) {
-        return {Outcome::OutputFailed, -1, "the output's name cannot be used"};
+    platen::tiff::CopyJob job({m_Kept,
+                               m_PixelBytes,
+                               {m_StdDir, static_cast<std::size_t>(m_NumIFDStdDir)},
+                               m_hFile,
+                               m_FileSize,
+                               m_TagBytes,
+                               static_cast<std::uint16_t>(m_Format)},
+                              static_cast<std::uint16_t>(format));
+    Result result = job.Plan();
+    if (result.outcome != Outcome::Done) {
+        return result;
     }
+    platen::OutputFile output;
+    if (!output.Create(name, options.insists)) {
+        return platen::tiff::FailureOf(output);
+    }
+    result = job.Write(output, options.progress, options.context);
+    if (result.outcome != Outcome::Done) {
+        return result;
+    }
+    // What the object becomes is read before the old file goes: then nothing can fail any more.
+    std::optional<TiffCopy> written;
+    if (output.Replaces(m_hFile) && written.emplace().Read(output.Handle()) != 1) {
+        return {written->m_Status == -4 ? Outcome::NoMemory : Outcome::OutputFailed, -1,
+                "the output could not be read"};
+    }
+    const bool saved = output.Commit(written ? m_hFile : FILE_none());
+    if (output.IsFollowed()) {
+        Become(*written);
+    }
+    result = saved ? Result{} : platen::tiff::FailureOf(output);
+    result.notes = output.Notes();
+    return result;
+}
+
+/// Takes over what another object has read, but for its handle and report.
+void TiffCopy::Become(TiffCopy& other) {
+    std::swap(m_Kept, other.m_Kept);
+    std::swap(m_PixelBytes, other.m_PixelBytes);
+    std::swap(m_TagBytes, other.m_TagBytes);
+    std::swap(m_StdDir, other.m_StdDir);
+    std::swap(m_NumIFDStdDir, other.m_NumIFDStdDir);
+    std::swap(m_FileSize, other.m_FileSize);
+    std::swap(m_Format, other.m_Format);
+    std::swap(m_Version, other.m_Version);
+    std::swap(m_TotalEntries, other.m_TotalEntries);
 }

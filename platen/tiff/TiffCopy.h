@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -15,7 +16,8 @@
 /// are those of the copy, and a directory without a subfile type gets NewSubfileType 0. Whatever
 /// cannot be copied faithfully is refused: compressed or tiled images, subsampled colour, samples
 /// of mixed sizes, directories behind a tag (such as SubIFDs), tags edited so that the image would
-/// take other bytes than it has, and more than 2 GiB.
+/// take other bytes than it has, more than 2 GiB, and files whose parts overlap so that a copy
+/// would be many times larger.
 class PLATEN_API TiffCopy : public Tiff {
   public:
     enum class Outcome : std::uint8_t {
@@ -23,8 +25,8 @@ class PLATEN_API TiffCopy : public Tiff {
         Aborted,       ///< the callback asked for it
         Refused,       ///< the copy would not be faithful
         SourceFailed,  ///< the source could not be read, or not read whole
-        OutputFailed,  ///< the output could not be created, written or renamed; errno, on Windows
-                       ///< the last error, tells why
+        OutputFailed,  ///< the output could not be created, written or given its name
+        Guarded,       ///< what stands there would suffer by being replaced, see Options::insists
         NoMemory
     };
 
@@ -32,6 +34,11 @@ class PLATEN_API TiffCopy : public Tiff {
         Outcome outcome = Outcome::Done;
         short dir = -1;               ///< the directory that the reason is about, or -1
         const char* reason = "done";  ///< a constant text for people
+        /// Of a failure: the system's reason, errno or on Windows the last error; 0 for none.
+        int systemError = 0;
+        /// What the new file does not have of the one that it replaced: constant texts for people,
+        /// up to the first null.
+        std::array<const char*, 6> notes = {};
     };
 
     /// Told bytes of image data done and in all, and all of them anew while the directories are
@@ -47,9 +54,27 @@ class PLATEN_API TiffCopy : public Tiff {
     /// Forgets what was noted of a tag that the record does not hold, so that it is not copied.
     void ForgetTAG(std::uint16_t tag, short dir);
 
-    /// Writes the copy as a new file beside `name`, which takes that name when it is whole; before
-    /// that nothing at `name` is touched, and on any failure nothing is left. `name` may be the
-    /// file being read, which must still be open. `progress` may be null.
+    struct Options {
+        Progress progress = nullptr;
+        void* context = nullptr;
+        /// Replaces a file that is write-protected, that has other names (hard links), which then
+        /// keep the old contents, or whose owner, group, extended attributes or access lists cannot
+        /// be kept. `Result::notes` tells which of them were lost.
+        bool insists = false;
+    };
+
+    /// Writes the copy as a new file beside `name`, which takes that name in one step when it is
+    /// whole; before that nothing at `name` is touched, and on any failure nothing is left. A
+    /// link's target is what is replaced, or created. What is replaced keeps owner, group,
+    /// permissions, extended attributes and access lists, or is not replaced. On a failure errno,
+    /// on Windows the last error, is `Result::systemError`.
+    ///
+    /// `name` may be the file being read, which must still be open; on Windows by `Open` or
+    /// FILE_open, with nothing denied to others. Afterwards the object is one that has read the new
+    /// file: its records and the handle given to `Read` are of that one. Pointers into the records
+    /// are not valid any more, the report stays, and no hook was called. A failure leaves all as it
+    /// was, but for one to flush the folder, which comes last: then the new file has the name.
+    Result CopyTo(const char* name, short format, const Options& options);
     Result CopyTo(const char* name, short format, Progress progress = nullptr,
                   void* context = nullptr);
 
@@ -63,8 +88,12 @@ class PLATEN_API TiffCopy : public Tiff {
     };
 
   private:
+    void Count(const TiffIFDEntryStruct& entry);
     long Keep(const TiffIFDEntryStruct& entry, short dir);
+    Result Save(const char* name, short format, const Options& options);
+    void Become(TiffCopy& other);
 
     std::vector<KeptEntry> m_Kept;           ///< in the order of their directories
     std::vector<std::int64_t> m_PixelBytes;  ///< by directory, as it was read
+    std::int64_t m_TagBytes = 0;             ///< of all entries and their values, as they were read
 };

@@ -6,6 +6,7 @@
 
 #include <platen/base/files.h>
 #include <platen/base/memory.h>
+#include <platen/base/system_error.h>
 #include <platen/tiff/blocks.h>
 #include <platen/tiff/byte_order.h>
 #include <platen/tiff/directory_walk.h>
@@ -25,8 +26,10 @@ constexpr std::uint16_t kStripByteCounts = 279;
 constexpr std::uint16_t kPointerType = 13;
 constexpr std::int64_t kLargestFile = INT32_MAX;
 constexpr std::size_t kChunk = std::size_t{240} * 1024;  ///< whole samples of every size
-constexpr std::int64_t kKeptBytesPerByte = 32;
-constexpr std::int64_t kSmallFile = 1 << 20;
+/// What a file's parts may take in a copy, by the file's own size: more than any without parts that
+/// overlap, which TIFF 6.0 rules out (section 7, "No Duplicate Pointers").
+constexpr std::int64_t kMostPerByte = 4;
+constexpr std::int64_t kMostOfAny = 4096;
 
 /// Tags whose values are places in the file: what stands there would be lost.
 constexpr std::uint16_t kPointers[] = {330, 513, 34665, 34853, 40965};
@@ -64,22 +67,28 @@ class ChunkBuffer {
 };
 
 constexpr Result kAborted = {Outcome::Aborted, -1, "aborted"};
-constexpr Result kNotWritten = {Outcome::OutputFailed, -1, "the output could not be written"};
+
+/// Reads all of it. The system's last error is 0 when the file just ended.
+bool ReadAt(void* file, std::int64_t offset, void* buffer, std::size_t size) {
+    const auto count = static_cast<LONG>(size);
+    ClearSystemError();
+    return FILE_lseek(file, static_cast<LONG>(offset), 0) >= 0 &&
+           FILE_read(file, buffer, count) == count;
+}
 
 /// Moves a run through the buffer. `goOn(bytes)` is told of each piece and answers whether to.
 template <typename GoOn>
 Result CopyRun(void* file, OutputFile& output, StripRun run, std::uint32_t swapBytes,
                std::uint8_t* buffer, GoOn goOn) {
     while (run.bytes > 0) {
-        const auto size = static_cast<LONG>(std::min<std::int64_t>(run.bytes, kChunk));
+        const auto size = std::min<std::int64_t>(run.bytes, kChunk);
         const auto bytes = static_cast<std::size_t>(size);
-        FILE_lseek(file, static_cast<LONG>(run.offset), 0);
-        if (FILE_read(file, buffer, size) != size) {
-            return {Outcome::SourceFailed, -1, "the image data could not be read"};
+        if (!ReadAt(file, run.offset, buffer, bytes)) {
+            return {Outcome::SourceFailed, -1, "the image data could not be read", SystemError()};
         }
         ConvertElements(buffer, buffer, bytes / swapBytes, swapBytes, TIFF_MOTOROLA);
         if (!output.Write(buffer, bytes)) {
-            return kNotWritten;
+            return FailureOf(output);
         }
         run.offset += size;
         run.bytes -= size;
@@ -91,6 +100,12 @@ Result CopyRun(void* file, OutputFile& output, StripRun run, std::uint32_t swapB
 }
 
 }  // namespace
+
+Result FailureOf(const OutputFile& output) {
+    const OutputFailure& why = output.Why();
+    return {why.isGuard ? Outcome::Guarded : Outcome::OutputFailed, -1, why.reason,
+            why.systemError};
+}
 
 std::span<const TiffCopy::KeptEntry> CopyJob::KeptOf(short dir) const {
     const auto first = std::ranges::lower_bound(m_source.kept, dir, {}, &TiffCopy::KeptEntry::dir);
@@ -133,7 +148,6 @@ bool CopyJob::IsAsRead(std::size_t dir) const {
 
 Result CopyJob::Plan() {
     std::int64_t position = kHeaderSize;
-    m_keptLeft = kKeptBytesPerByte * std::max(m_source.fileSize, kSmallFile);
     m_images.resize(m_source.records.size());
     for (std::size_t i = 0; i < m_images.size(); ++i) {
         const auto dir = static_cast<short>(i);
@@ -156,27 +170,22 @@ Result CopyJob::Plan() {
         }
     }
     m_imagesEnd = position;
+    if (m_total + m_source.tagBytes > kMostPerByte * m_source.fileSize + kMostOfAny) {
+        return {Outcome::Refused, -1,
+                "its parts overlap so much that the copy would be many times larger"};
+    }
     return {};
 }
 
-Result CopyJob::Run(const char* name, TiffCopy::Progress progress, void* context) {
-    OutputFile output;
-    if (const char* reason = output.Create(name)) {
-        return {Outcome::OutputFailed, -1, reason};
-    }
+Result CopyJob::Write(OutputFile& output, TiffCopy::Progress progress, void* context) {
+    FILE_lseek(m_source.file, 0, 2);  // what others wrote is seen from here on
     const std::uint16_t words[2] = {m_order, SwapSHORT(kVersion, m_order)};
     const std::uint32_t first = SwapLONG(static_cast<std::uint32_t>(m_imagesEnd), m_order);
     if (!output.Write(words, sizeof(words)) || !output.Write(&first, sizeof(first))) {
-        return kNotWritten;
+        return FailureOf(output);
     }
-    Result result = CopyImages(output, progress, context);
-    if (result.outcome == Outcome::Done) {
-        result = WriteDirectories(output, progress, context);
-    }
-    if (result.outcome == Outcome::Done && !output.Commit()) {
-        result = kNotWritten;
-    }
-    return result;
+    const Result result = CopyImages(output, progress, context);
+    return result.outcome == Outcome::Done ? WriteDirectories(output, progress, context) : result;
 }
 
 Result CopyJob::CopyImages(OutputFile& output, TiffCopy::Progress progress, void* context) {
@@ -200,7 +209,7 @@ Result CopyJob::CopyImages(OutputFile& output, TiffCopy::Progress progress, void
         }
         constexpr char kPadding = 0;
         if (image.plan.Bytes() % 2 != 0 && !output.Write(&kPadding, 1)) {
-            return kNotWritten;
+            return FailureOf(output);
         }
     }
     return {};
@@ -211,8 +220,9 @@ Result CopyJob::WriteDirectories(OutputFile& output, TiffCopy::Progress progress
     for (std::size_t i = 0; i < m_images.size(); ++i) {
         const auto dir = static_cast<short>(i);
         DirectoryBytes directory(m_order);
-        if (const char* reason = CollectEntries(dir, directory)) {
-            return {Outcome::SourceFailed, dir, reason};
+        if (Result result = CollectEntries(dir, directory); result.outcome != Outcome::Done) {
+            result.dir = dir;
+            return result;
         }
         const std::vector<std::uint8_t> bytes =
             directory.At(static_cast<std::uint32_t>(position), i + 1 < m_images.size());
@@ -221,7 +231,7 @@ Result CopyJob::WriteDirectories(OutputFile& output, TiffCopy::Progress progress
             return {Outcome::Refused, dir, "the copy would be larger than 2 GiB"};
         }
         if (!output.Write(bytes.data(), bytes.size())) {
-            return kNotWritten;
+            return FailureOf(output);
         }
         if (progress != nullptr && progress(context, m_total, m_total) != 0) {
             return kAborted;
@@ -230,7 +240,7 @@ Result CopyJob::WriteDirectories(OutputFile& output, TiffCopy::Progress progress
     return {};
 }
 
-const char* CopyJob::CollectEntries(short dir, DirectoryBytes& directory) {
+Result CopyJob::CollectEntries(short dir, DirectoryBytes& directory) {
     const auto index = static_cast<std::size_t>(dir);
     WalkEntries(m_source.records[index], [&](const TagRow& row, const EntryValue& value) {
         if (!IsOwn(row.tag)) {
@@ -240,15 +250,16 @@ const char* CopyJob::CollectEntries(short dir, DirectoryBytes& directory) {
     AddStrips(m_images[index], directory);
     for (const TiffCopy::KeptEntry& kept : KeptOf(dir)) {
         if (!IsOwn(kept.entry.Tag) && !directory.Has(kept.entry.Tag)) {
-            if (const char* reason = AddKept(kept.entry, directory)) {
-                return reason;
+            if (const Result result = AddKept(kept.entry, directory);
+                result.outcome != Outcome::Done) {
+                return result;
             }
         }
     }
     if (!directory.Has(kNewSubfileType) && !directory.Has(kSubfileType)) {
         directory.Add({kNewSubfileType, TIFF_LONG, 1, 0});
     }
-    return nullptr;
+    return {};
 }
 
 /// One strip a plane, back to back.
@@ -275,34 +286,28 @@ void CopyJob::AddStrips(const Image& image, DirectoryBytes& directory) {
     add(kRowsPerStrip);
 }
 
-const char* CopyJob::AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& directory) {
+Result CopyJob::AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& directory) const {
     const TypeSize type = SizeOfType(entry.Type);
     const std::int64_t size = std::int64_t{entry.Count} * type.value;
-    if (size > m_keptLeft) {
-        return "the tags' values take more than the file has";
-    }
-    m_keptLeft -= size;
     const std::uint32_t field = RawField(entry, m_source.order);
     RawValue value = {entry.Tag, entry.Type, entry.Count, {}};
     if (size <= 4) {
         const auto* bytes = reinterpret_cast<const std::uint8_t*>(&field);
         value.bytes.assign(bytes, bytes + size);
     } else {
-        const auto offset = static_cast<std::int32_t>(SwapLONG(field, m_source.order));
-        if (offset < 0 || offset + size > m_source.fileSize) {
-            return "a tag's values lie beyond the end of the file";
+        const std::int64_t offset = SwapLONG(field, m_source.order);
+        if (offset + size > m_source.fileSize) {
+            return {Outcome::SourceFailed, -1, "a tag's values lie beyond the end of the file"};
         }
-        const OwnedBlock<std::uint8_t> block(
-            m_fetcher.CreateBLOCK(m_source.file, offset, static_cast<long>(size)));
-        if (block == nullptr) {
-            return "a tag's values cannot be had";
+        value.bytes.resize(static_cast<std::size_t>(size));
+        if (!ReadAt(m_source.file, offset, value.bytes.data(), value.bytes.size())) {
+            return {Outcome::SourceFailed, -1, "a tag's values could not be read", SystemError()};
         }
-        value.bytes.assign(block.get(), block.get() + size);
     }
     ConvertElements(value.bytes.data(), value.bytes.data(), value.bytes.size() / type.element,
                     type.element, m_source.order);
     directory.Add(std::move(value));
-    return nullptr;
+    return {};
 }
 
 }  // namespace platen::tiff

@@ -4,9 +4,9 @@
 #include <span>
 #include <vector>
 
+#include <platen/base/output_file.h>
 #include <platen/tiff/TiffCopy.h>
 #include <platen/tiff/directory_bytes.h>
-#include <platen/tiff/output_file.h>
 #include <platen/tiff/strip_plan.h>
 
 namespace platen::tiff {
@@ -18,18 +18,21 @@ struct CopySource {
     std::span<const TiffIFDStdDirStruct> records;
     void* file;
     std::int64_t fileSize;
+    std::int64_t tagBytes;  ///< of all entries and their values as they were read
     std::uint16_t order;
 };
 
+/// What a copy answers when its output failed.
+TiffCopy::Result FailureOf(const OutputFile& output);
+
 /// One copy: plans every image first, so that a refusal costs nothing, then writes the header, all
-/// images, and the directories behind them.
+/// images, and the directories behind them, into a file that the caller has made and will end.
 class CopyJob {
   public:
-    CopyJob(Tiff& fetcher, const CopySource& source, std::uint16_t order)
-        : m_fetcher(fetcher), m_source(source), m_order(order) {}
+    CopyJob(const CopySource& source, std::uint16_t order) : m_source(source), m_order(order) {}
 
     TiffCopy::Result Plan();
-    TiffCopy::Result Run(const char* name, TiffCopy::Progress progress, void* context);
+    TiffCopy::Result Write(OutputFile& output, TiffCopy::Progress progress, void* context);
 
   private:
     struct Image {
@@ -46,17 +49,15 @@ class CopyJob {
     TiffCopy::Result CopyImages(OutputFile& output, TiffCopy::Progress progress, void* context);
     TiffCopy::Result WriteDirectories(OutputFile& output, TiffCopy::Progress progress,
                                       void* context);
-    const char* CollectEntries(short dir, DirectoryBytes& directory);
+    TiffCopy::Result CollectEntries(short dir, DirectoryBytes& directory);
     void AddStrips(const Image& image, DirectoryBytes& directory);
-    const char* AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& directory);
+    TiffCopy::Result AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& directory) const;
 
-    Tiff& m_fetcher;
     CopySource m_source;
     std::uint16_t m_order;
     std::vector<Image> m_images;
     std::int64_t m_imagesEnd = 0;
-    std::int64_t m_total = 0;  ///< bytes of image data
-    std::int64_t m_keptLeft = 0;
+    std::int64_t m_total = 0;              ///< bytes of image data
     std::vector<std::uint32_t> m_numbers;  ///< lives while a directory is collected
 };
 

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include <platen/tiff/file_system.h>
+#include <platen/base/file_names.h>
 
 #include "interrupt.h"
 #include "system.h"
@@ -39,10 +39,10 @@ int Report(const TiffCopy::Result& result, int systemError, const TransferOption
 /// The file that would be left half written; none when the output is a device or the like.
 std::string HalfFileAt(const std::string& name) {
     std::error_code error;
-    const fs::path file = fs::weakly_canonical(tiff::PathOf(name.c_str()), error);
+    const fs::path file = fs::weakly_canonical(PathOf(name.c_str()), error);
     const fs::file_type type = fs::status(file, error).type();
     const bool plain = type == fs::file_type::regular || type == fs::file_type::not_found;
-    return plain ? tiff::NameOf(file) : std::string();
+    return plain ? NameOf(file) : std::string();
 }
 
 const char* MeaningOfWriting(long status) {
@@ -96,8 +96,7 @@ int WriteStraight(const TransferOptions& options, long (Tiff::*write)(const char
         return kFileFailed;
     }
     std::error_code error;
-    if (fs::equivalent(tiff::PathOf(options.in.c_str()), tiff::PathOf(options.out.c_str()),
-                       error)) {
+    if (fs::equivalent(PathOf(options.in.c_str()), PathOf(options.out.c_str()), error)) {
         PrintFailure(options.out, -1, "is the file being read");
         return kFileFailed;
     }

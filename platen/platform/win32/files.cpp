@@ -12,7 +12,9 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <utility>
 
+#include <platen/platform/win32/descriptors.h>
 #include <platen/platform/win32/file_windows.h>
 
 namespace {
@@ -87,6 +89,20 @@ class OpenFiles {
 
 constinit OpenFiles g_files;
 
+HANDLE HandleOf(HFILE file) {
+    return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(file));
+}
+
+HFILE Add(int descriptor, std::unique_ptr<OpenFile> state) {
+    if (state == nullptr || !g_files.Add(descriptor, state.get())) {
+        close(descriptor);
+        errno = ENOMEM;
+        return HFILE_ERROR;
+    }
+    static_cast<void>(state.release());
+    return descriptor;
+}
+
 /// O_NONBLOCK keeps an open of a pipe without a writer from waiting; it changes nothing for files.
 HFILE Open(LPCSTR name, int flags, mode_t permissions) {
     std::unique_ptr<OpenFile> state(new (std::nothrow) OpenFile);
@@ -94,15 +110,7 @@ HFILE Open(LPCSTR name, int flags, mode_t permissions) {
         return HFILE_ERROR;
     }
     const int descriptor = open(name, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, permissions);
-    if (descriptor < 0) {
-        return HFILE_ERROR;
-    }
-    if (!g_files.Add(descriptor, state.get())) {
-        close(descriptor);
-        return HFILE_ERROR;
-    }
-    static_cast<void>(state.release());
-    return descriptor;
+    return descriptor < 0 ? HFILE_ERROR : Add(descriptor, std::move(state));
 }
 
 LONG MoveTo(OpenFile& state, std::int64_t target) {
@@ -121,12 +129,36 @@ LONG MoveTo(OpenFile& state, std::int64_t target) {
 
 }  // namespace
 
+namespace platen::win32 {
+
+HANDLE AdoptDescriptor(int descriptor) {
+    return HandleOf(descriptor < 0
+                        ? HFILE_ERROR
+                        : Add(descriptor, std::unique_ptr<OpenFile>(new (std::nothrow) OpenFile)));
+}
+
+int DescriptorBehind(HANDLE file) {
+    return g_files.Find(DescriptorOf(file)) == nullptr ? -1 : DescriptorOf(file);
+}
+
+bool MoveHandle(HANDLE file, int descriptor) {
+    OpenFile* state = g_files.Find(DescriptorOf(file));
+    if (state == nullptr || dup3(descriptor, DescriptorOf(file), O_CLOEXEC) < 0) {
+        return false;
+    }
+    state->windows.DropAll();
+    state->position = 0;
+    return true;
+}
+
+}  // namespace platen::win32
+
 HFILE _lcreat(LPCSTR name, int attribute) {
     const mode_t permissions = (attribute & FILE_ATTRIBUTE_READONLY) != 0 ? 0444 : 0666;
     const HFILE file = Open(name, O_RDWR | O_CREAT, permissions);
     // What was there goes only when nothing can fail any more. What is no file has no size.
     if (file >= 0 && ftruncate(file, 0) != 0 && errno != EINVAL) {
-        CloseHandle(reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(file)));
+        CloseHandle(HandleOf(file));
         return HFILE_ERROR;
     }
     return file;
