@@ -59,6 +59,14 @@ Bytes GoodFile(Order order) {
                                   {{Longs(33445, {1})}}}});
 }
 
+int Occurrences(std::string_view text, std::string_view word) {
+    int count = 0;
+    for (std::size_t at = 0; (at = text.find(word, at)) != text.npos; ++at) {
+        ++count;
+    }
+    return count;
+}
+
 TEST(Hostile, ATruncationOfAGoodFileIsMisread) {
     for (const Order order : kOrders) {
         const Bytes whole = GoodFile(order);
@@ -69,6 +77,9 @@ TEST(Hostile, ATruncationOfAGoodFileIsMisread) {
             const ReadTiff<> read(whole.substr(0, size));
             EXPECT_TRUE(IsSound(read)) << size;
             EXPECT_LE(read.Count(), 3) << size;
+            EXPECT_EQ(read.tiff.DirectoriesMet(), Occurrences(read.Report(), "Directory #"))
+                << size;
+            EXPECT_EQ(read.tiff.IsReadWhole(), read.status == 1) << size;
             EXPECT_EQ(read.tiff.getFileSize(), static_cast<long>(size));
             // The zeros of a cut big-endian offset read as an empty chain.
             const bool empty = order == Order::Motorola && size > 4 && size < 8;

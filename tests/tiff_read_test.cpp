@@ -57,6 +57,7 @@ TEST(Read, TheImageIsHeldAgainstTheFileWrongly) {
     const struct {
         std::vector<Entry> entries;
         long status;
+        bool whole = true;
     } cases[] = {
         {Image(10, 10, 8, Longs(273, {100})), 1},      // ends at 200
         {Image(10, 11, 8, Longs(273, {100})), -3},     // ends beyond it
@@ -69,14 +70,18 @@ TEST(Read, TheImageIsHeldAgainstTheFileWrongly) {
         {Image(65536, 65536, 8, Longs(273, {8})), 1},       // wraps to 8
         {Image(1, 1, 0x8008, Longs(273, {8})), 1},
         {{Longs(256, {1000}), Longs(257, {1000}), Longs(273, {8})}, 1},
-        {{Longs(256, {1000}), Longs(257, {1000}), Longs(273, {500}), Word(258, 3, 0, 0)}, -4},
+        {{Longs(256, {1000}), Longs(257, {1000}), Longs(273, {500}), Word(258, 3, 0, 0)},
+         -4,
+         false},
         {{Shorts(258, {8}), Longs(273, {199}), Shorts(273, {2})}, -3},
-        {{Shorts(258, {8}), Rationals(282, {}), Longs(273, {201})}, -3},
+        {{Shorts(258, {8}), Rationals(282, {}), Longs(273, {201})}, -3, false},
     };
     for (const auto& test : cases) {
         Bytes bytes = Build({.directories = {{test.entries}}});
         bytes.resize(200);
-        EXPECT_EQ(ReadTiff<>(bytes).status, test.status) << "case " << &test - cases;
+        const ReadTiff<> read(bytes);
+        EXPECT_EQ(read.status, test.status) << "case " << &test - cases;
+        EXPECT_EQ(read.tiff.IsReadWhole(), test.whole) << "case " << &test - cases;
     }
     // Only the first directory's image is tested.
     EXPECT_EQ(ReadTiff<>(Build({.directories = {{}, {Image(99, 99, 8, Longs(273, {8}))}}})).status,

@@ -3,13 +3,19 @@
 #include <algorithm>
 
 #include <platen/base/file_handles.h>
+#include <platen/base/file_watch.h>
 
 namespace {
+
+using Step = platen::FileWatch::Step;
 
 constexpr LONG kReadWrite = 0x02;
 constexpr LONG kLargestTransfer = 0x7FFFFFFF;
 
 void* FromPlatform(HFILE file) {
+    if (file == HFILE_ERROR) {
+        platen::FileWatch::Note(Step::Open);
+    }
     void* const handle = reinterpret_cast<void*>(static_cast<std::intptr_t>(file));
     platen::ForgetLead(handle);
     return handle;
@@ -20,14 +26,16 @@ HFILE ToPlatform(void* file) {
 }
 
 /// Moves `count` bytes in pieces that the platform takes. `piece` transfers at an offset into the
-/// buffer. A failure after some bytes went through counts those bytes.
+/// buffer. A failure after some bytes went through counts those bytes. `ended` is what it means
+/// when nothing more goes through.
 template <typename Piece>
-LONG Transfer(LONG count, Piece piece) {
+LONG Transfer(LONG count, Step step, Step ended, Piece piece) {
     LONG total = 0;
     while (total < count) {
         const auto moved =
             static_cast<LONG>(piece(total, std::min(count - total, kLargestTransfer)));
         if (moved <= 0) {
+            platen::FileWatch::Note(moved < 0 ? step : ended);
             return total > 0 ? total : moved;
         }
         total += moved;
@@ -50,26 +58,30 @@ void* FILE_open(const char* name, LONG mode, LONG* attribute) {
 }
 
 LONG FILE_read(void* file, void* buffer, LONG count) {
-    return Transfer(count, [&](LONG offset, LONG size) {
+    return Transfer(count, Step::Read, Step::ReadToEnd, [&](LONG offset, LONG size) {
         return _lread(ToPlatform(file), static_cast<char*>(buffer) + offset,
                       static_cast<UINT>(size));
     });
 }
 
 LONG FILE_write(void* file, const void* buffer, LONG count) {
-    return Transfer(count, [&](LONG offset, LONG size) {
+    return Transfer(count, Step::Write, Step::Write, [&](LONG offset, LONG size) {
         return _lwrite(ToPlatform(file), static_cast<const char*>(buffer) + offset,
                        static_cast<UINT>(size));
     });
 }
 
 void* FILE_close(void* file) {
-    if (file != FILE_none()) {
-        platen::EndHandle(file);
+    if (file != FILE_none() && !platen::EndHandle(file)) {
+        platen::FileWatch::Note(Step::Close);
     }
     return FILE_none();
 }
 
 LONG FILE_lseek(void* file, LONG offset, LONG origin) {
-    return _llseek(ToPlatform(file), offset, origin);
+    const LONG position = _llseek(ToPlatform(file), offset, origin);
+    if (position < 0) {
+        platen::FileWatch::Note(Step::Seek);
+    }
+    return position;
 }

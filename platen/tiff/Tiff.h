@@ -114,6 +114,14 @@ class PLATEN_API Tiff : public CObject {
     void* Close(void* file);
     /// Reads all directories; the status. On failure the records filled so far stay usable.
     long Read(void* file);
+    /// Whether the last `Read` came to the end of the chain with every value. If it does so and
+    /// answers -3, the records are whole, and only the test of the first image's end against the
+    /// file's failed, which takes no notice of compression.
+    [[nodiscard]] bool IsReadWhole() const { return m_ReadWhole; }
+    /// How many directories the last `Read` met: as many as there are records, but none where the
+    /// file has no directory, and without one whose number of entries could not be read. The last
+    /// one may be cut short; its record's `NumEntries` is then 0.
+    [[nodiscard]] short DirectoriesMet() const { return m_DirectoriesMet; }
     /// Stores the file's size and moves to its start; always 1. A file of 2 GiB or more counts as
     /// one of 2 GiB - 1, since no offset leads further.
     long ReadSize(void* file);
@@ -250,8 +258,8 @@ class PLATEN_API Tiff : public CObject {
     int m_Dump = 0;
     HGLOBAL m_hDump = nullptr;   ///< the report's text
     HGLOBAL m_hSpare = nullptr;  ///< allocated and released beside it, otherwise unused
-    /// Whether the last read came to the chain's end with every value; the image may be cut.
     bool m_ReadWhole = false;
+    std::int16_t m_DirectoriesMet = 0;
 
   private:
     /// What the current read may still spend; everything, outside a read.

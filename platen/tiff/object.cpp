@@ -62,6 +62,8 @@ void Tiff::InitFileVars() {
     m_FileSize = 0;
     m_Version = 0;
     m_TotalEntries = 0;
+    m_ReadWhole = false;
+    m_DirectoriesMet = 0;
 }
 
 void Tiff::DeInitFileVars() {

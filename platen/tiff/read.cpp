@@ -2,6 +2,7 @@
 #include <cstring>
 #include <limits>
 
+#include <platen/base/file_watch.h>
 #include <platen/base/files.h>
 #include <platen/tiff/Tiff.h>
 #include <platen/tiff/byte_order.h>
@@ -126,8 +127,9 @@ long Tiff::Read(void* file) {
     const auto size = static_cast<std::uint64_t>(m_FileSize);
     m_Allowance.entries = kEntriesPerEntrySize * size / kEntrySize + kFreeEntries;
     m_Allowance.bytes = kBytesPerByte * std::max(size, kSmallFile);
+    const platen::FileWatch watch;
     const bool walked = ReadHeader(file) == 1 && ReadChain(file);
-    m_ReadWhole = walked && m_Status == 1;
+    m_ReadWhole = walked && m_Status == 1 && !watch.Of(platen::FileWatch::Step::Read);
     if (walked) {
         CheckImageFits();
     }
@@ -202,6 +204,7 @@ bool Tiff::ReadDirectory(void* file, TiffIFDOffsetStruct& offset, TiffIFDEntrySt
     if (ReadIFDNum(file, offset, count) != 1) {
         return false;
     }
+    ++m_DirectoriesMet;
     const short dir = LastDir();
     const auto allowed =
         static_cast<std::uint16_t>(std::min<std::uint64_t>(count.Num, m_Allowance.entries));

@@ -126,12 +126,13 @@ Bytes Pixels() {
     return pixels;
 }
 
-/// A gray image, and a tag that no record holds.
+/// A gray image, a text far from the directory, and a tag that no record holds.
 Bytes GrayImage() {
-    return Build({.data = Pixels(),
-                  .directories = {
-                      {{Longs(254, {0}), Longs(256, {kSide}), Longs(257, {kSide}), Shorts(258, {8}),
-                        Longs(273, {8}), Longs(279, {kSide * kSide}), Longs(34000, {1, 2})}}}});
+    return Build(
+        {.data = Pixels(),
+         .directories = {{{Longs(254, {0}), Longs(256, {kSide}), Longs(257, {kSide}),
+                           Shorts(258, {8}), Longs(273, {8}), Word(305, TIFF_ASCII, 20, 5000),
+                           Longs(279, {kSide * kSide}), Longs(34000, {1, 2})}}}});
 }
 
 TEST(FailingMemory, AWrittenFileIsTakenForWhole) {
@@ -156,6 +157,8 @@ TEST(FailingMemory, AWrittenFileIsTakenForWhole) {
 TEST(FailingMemory, ACopyIsLeftHalfDone) {
     const TemporaryFile file(GrayImage());
     const std::string copy = std::string(file.Name()) + ".copy";
+    Bytes whole;  // that of the first run in which nothing fails
+    std::vector<Bytes> copies;
     int refused = 0;
     FailInTurn([&] {
         Failure armed = std::exchange(platen::test::g_failure, {});
@@ -170,11 +173,15 @@ TEST(FailingMemory, ACopyIsLeftHalfDone) {
         refused += result.outcome == TiffCopy::Outcome::NoMemory ? 1 : 0;
         EXPECT_TRUE(done || armed.happened) << result.reason;
         EXPECT_EQ(NamesBeside(file.Name()), done ? 2 : 1) << result.reason;
+        if (done) {
+            (armed.happened ? copies.emplace_back() : whole) = FileContents(copy);
+        }
         std::filesystem::remove(copy);
         tiff.Close(source);
         platen::test::g_failure.happened = armed.happened;
     });
     EXPECT_GT(refused, 5) << "too few allocations were made to fail";
+    EXPECT_EQ(std::ranges::count(copies, whole), std::ssize(copies)) << "a value got lost";
 }
 
 TEST(FailingMemory, AnObjectIsHalfBuilt) {

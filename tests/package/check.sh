@@ -34,6 +34,10 @@ cmake -S "$work" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/tree" -DCMAKE_CXX_F
     >/dev/null
 cmake --build "$work/build" >/dev/null
 
+# As wide as if its image were compressed: the engine's test of its size fails.
+LC_ALL=C sed 's/\x00\x01\x03\x00\x01\x00\x00\x00\x18\x00/\x00\x01\x03\x00\x01\x00\x00\x00\x18\x0F/' \
+    "$source/tests/data/gray.tif" >"$work/wide.tif"
+
 count=0
 for program in "$work"/*.cpp; do
     name=$(basename "$program" .cpp)
@@ -45,6 +49,7 @@ for program in "$work"/*.cpp; do
     for binary in "$work/build/$name-platen" "$work/build/$name-core" \
         "$work/$name-platen" "$work/$name-platen-core"; do
         (cd "$work" && cp "$source/tests/data/gray.tif" scan.tif && "$binary" scan.tif >"$name.out")
+        [ "$name" != read ] || "$binary" "$work/wide.tif" >>"$work/$name.out"
         expected=$source/tests/package/$name.expected
         diff "$expected" "$work/$name.out" || { echo "$binary prints something else"; exit 1; }
         count=$((count + 1))

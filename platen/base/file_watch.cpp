@@ -1,0 +1,29 @@
+#include <platen/base/file_watch.h>
+#include <platen/base/system_error.h>
+
+namespace platen {
+namespace {
+
+thread_local constinit FileWatch* t_innermost = nullptr;
+
+}  // namespace
+
+FileWatch::FileWatch() : m_outer(t_innermost) {
+    t_innermost = this;
+}
+
+FileWatch::~FileWatch() {
+    t_innermost = m_outer;
+}
+
+void FileWatch::Note(Step step) {
+    const int reason = step == Step::ReadToEnd ? 0 : SystemError();
+    for (FileWatch* watch = t_innermost; watch != nullptr; watch = watch->m_outer) {
+        std::optional<int>& first = watch->m_first[static_cast<std::size_t>(step)];
+        if (!first) {
+            first = reason;
+        }
+    }
+}
+
+}  // namespace platen
