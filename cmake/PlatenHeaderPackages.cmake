@@ -2,7 +2,6 @@
 # links, since their folder holds that machine's C headers too.
 if(NOT CMAKE_CROSSCOMPILING)
     find_package(CLI11 REQUIRED)
-    find_package(nlohmann_json REQUIRED)
     return()
 endif()
 
@@ -17,4 +16,3 @@ function(platen_linked_headers target folder)
 endfunction()
 
 platen_linked_headers(CLI11::CLI11 CLI)
-platen_linked_headers(nlohmann_json::nlohmann_json nlohmann)

@@ -34,7 +34,7 @@ need_packages() {
     }
 }
 
-build_packages=(cmake g++ make ninja-build libcli11-dev nlohmann-json3-dev)
+build_packages=(cmake g++ make ninja-build libcli11-dev)
 # The shared library also needs these.
 window_packages=(qt6-base-dev fonts-liberation libnetcdf-dev)
 # A build for Windows needs these, and Wine to run it.

@@ -69,6 +69,71 @@ TEST_F(CliShell, ADiskThatIsFullGoesUnnoticed) {
     EXPECT_THAT(Files(), testing::ElementsAre("in.tif"));
 }
 
+/// A name or a text that would act on a terminal: it clears the screen, sets a title, and so on.
+const std::string kActing =
+    "a\x1B[2Jb\x7F"
+    "c\x9B"
+    "d\xC2\x9B"
+    "e\xC3\xA9\n\t\xE2\x82";
+const std::string kShown = R"(a\x1B[2Jb\x7Fc\x9Bd\u009Be)"
+                           "\xC3\xA9"
+                           R"(\n\t\xE2\x82)";
+
+/// Whether a terminal would do something else than show characters and end lines.
+bool Acts(const std::string& text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const bool endsLine = byte == '\n' || (byte == '\r' && text.compare(i, 2, "\r\n") == 0);
+        if ((byte < 0x20 && !endsLine) || (byte >= 0x7F && byte < 0xA0)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST_F(CliShell, ATextOrNameActsOnTheTerminal) {
+    const std::string file = Put(kActing, Build({.directories = {{{Text(305, kActing)}}}}));
+    const std::string missing = At("missing" + kActing);
+    const struct {
+        std::vector<std::string> arguments;
+        std::string shown;
+    } cases[] = {{{"get", file, "Software"}, kShown + "\n"},
+                 {{"info", file}, kShown + ": INTEL"},
+                 {{"list", file}, "Software             '" + kShown + "'\r\n"},
+                 {{"dump", file}, "Data: '" + kShown + "'\r\n"}};
+    for (const auto& show : cases) {
+        const Outcome terminal = Platen(show.arguments, {.outIsTerminal = true});
+        EXPECT_THAT(terminal.out, HasSubstr(show.shown));
+        EXPECT_FALSE(Acts(terminal.out)) << terminal.out;
+        EXPECT_THAT(Platen(show.arguments).out, HasSubstr(kActing));
+    }
+    EXPECT_FALSE(Acts(Platen({"info", "--json", file}, {.outIsTerminal = true}).out));
+    const std::vector<std::string> failing[] = {{"info", missing},
+                                                {"dump", missing},
+                                                {"get", file, "256\x1B"},
+                                                {"get", file, "ImageWidth"},
+                                                {"list", missing},
+                                                {"copy", missing, At("out.tif")},
+                                                {"blank", missing, At("x")},
+                                                {"copy", file, At("no/" + kActing)},
+                                                {"copy", "--raw", file, At("no/" + kActing)}};
+    for (const auto& arguments : failing) {
+        const Outcome terminal = Platen(arguments, {.errIsTerminal = true});
+        EXPECT_NE(terminal.err, "");
+        EXPECT_FALSE(Acts(terminal.err)) << terminal.err;
+    }
+    EXPECT_THAT(Platen({"info", missing}).err, HasSubstr(kActing));
+}
+
+TEST_F(CliShell, WithoutThreadsNothingIsWorkedOn) {
+    Put("in.tif", FullAndReduced(Order::Intel));
+    // Room for the program, but not for a thread's stack.
+    const std::string command = "\"$P\" info --jobs=4 in.tif in.tif in.tif in.tif";
+    const Outcome alone = Shell("ulimit -s 2000000; ulimit -v 1000000; " + command);
+    EXPECT_EQ(alone.exitStatus, 0) << alone.err;
+    EXPECT_EQ(alone.out, Shell(command).out);
+}
+
 TEST(CliProgress, ShowsOffATerminalOrStaysBehind) {
     const TemporaryFile good(FullAndReduced(Order::Intel));
     const TemporaryFile bad("no image");

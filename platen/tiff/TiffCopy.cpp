@@ -187,7 +187,8 @@ TiffCopy::Result TiffCopy::Save(const char* name, short format, const Options& o
     }
     // What the object becomes is read before the old file goes: then nothing can fail any more.
     std::optional<TiffCopy> written;
-    if (output.Replaces(m_hFile) && written.emplace().Read(output.Handle()) != 1) {
+    if (output.Replaces(m_hFile) &&
+        (written.emplace().Read(output.Handle()) != 1 || !written->IsReadWhole())) {
         return {written->m_Status == -4 ? Outcome::NoMemory : Outcome::OutputFailed, -1,
                 "the output could not be read"};
     }

@@ -1,7 +1,10 @@
 #include <platen/tiff/listing.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdarg>
 #include <cstdio>
+#include <string_view>
 
 #include <platen/tiff/blocks.h>
 #include <platen/tiff/tags.h>
@@ -19,20 +22,40 @@ int Signed(std::uint16_t number) {
     return static_cast<std::int16_t>(number);
 }
 
-void PrintLabel(const char* label) {
-    std::printf("%-20s ", label);
+/// Numbers and the project's own words: no piece is longer than the longest of those.
+[[gnu::format(printf, 2, 3)]] void Print(TextSink& out, const char* format, ...) {
+    std::array<char, 256> text{};
+    std::va_list values;
+    va_start(values, format);
+    std::vsnprintf(text.data(), text.size(), format, values);
+    va_end(values);
+    out.Take(text.data());
 }
 
-void PrintFractions(const Rational* values, std::size_t count) {
+void PrintLabel(TextSink& out, const char* label) {
+    Print(out, "%-20s ", label);
+}
+
+/// Texts of a file can have any length.
+void PrintQuoted(TextSink& out, std::string_view text, std::size_t width) {
+    constexpr std::string_view kSpaces = "          ";
+    out.Take("'");
+    out.Take(text);
+    out.Take(kSpaces.substr(0, width - std::min(text.size(), width)));
+    out.Take("'\r\n");
+}
+
+void PrintFractions(TextSink& out, const Rational* values, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
-        std::printf("%s%-ld/%-ld", i == 0 ? "" : ", ", Signed(values[i].Numerator),
-                    Signed(values[i].Denominator));
+        Print(out, "%s%-ld/%-ld", i == 0 ? "" : ", ", Signed(values[i].Numerator),
+              Signed(values[i].Denominator));
     }
-    std::printf("\r\n");
+    out.Take("\r\n");
 }
 
 /// Prints what stands behind a row's label, by kind and style.
 struct ListingPrinter {
+    TextSink& out;
     const TagRow& row;
     const Record& record;
 
@@ -42,68 +65,70 @@ struct ListingPrinter {
             row.style == Style::CodedUnsigned || row.style == Style::PlainUnsigned;
         const int number = isUnsigned ? value : Signed(value);
         if (row.style == Style::Coded || row.style == Style::CodedUnsigned) {
-            std::printf("%-15d %-s\r\n", number, TagWord(row.tag, value));
+            Print(out, "%-15d %-s\r\n", number, TagWord(row.tag, value));
         } else if (row.style == Style::Wide) {
-            std::printf("%-10d\r\n", number);
+            Print(out, "%-10d\r\n", number);
         } else {
-            std::printf("%-d\r\n", number);
+            Print(out, "%-d\r\n", number);
         }
     }
 
     void operator()(const LongField& field) const {
         const std::uint32_t value = record.*field.value;
         if (row.style == Style::Wide) {
-            std::printf("%-10lu\r\n", static_cast<unsigned long>(value));
+            Print(out, "%-10lu\r\n", static_cast<unsigned long>(value));
         } else if (row.style == Style::CodedTight) {
-            std::printf("%-ld %s\r\n", Signed(value), TagWord(row.tag, value));
+            Print(out, "%-ld %s\r\n", Signed(value), TagWord(row.tag, value));
         } else {
-            std::printf("%-15ld %-s\r\n", Signed(value), TagWord(row.tag, value));
+            Print(out, "%-15ld %-s\r\n", Signed(value), TagWord(row.tag, value));
         }
     }
 
     void operator()(const SizeField& field) const {
-        std::printf("%-ld Pixels\r\n", static_cast<long>(record.*field.value));
+        Print(out, "%-ld Pixels\r\n", static_cast<long>(record.*field.value));
     }
 
-    void operator()(const RationalField& field) const { PrintFractions(&(record.*field.value), 1); }
+    void operator()(const RationalField& field) const {
+        PrintFractions(out, &(record.*field.value), 1);
+    }
 
     template <std::size_t N>
     void operator()(const RationalGroupField<N>& field) const {
-        PrintFractions(record.*field.values, N);
+        PrintFractions(out, record.*field.values, N);
     }
 
     void operator()(const TextField& field) const {
-        std::printf(row.style == Style::Padded ? "'%-10s'\r\n" : "'%s'\r\n", record.*field.text);
+        PrintQuoted(out, record.*field.text, row.style == Style::Padded ? 10 : 0);
     }
 
     void operator()(const WordArrayField& field) const {
         const std::uint32_t count = record.*field.count;
         if (row.style == Style::Count) {
-            std::printf("%-ld Words\r\n", Signed(count));
+            Print(out, "%-ld Words\r\n", Signed(count));
             return;
         }
         const std::uint16_t* values = record.*field.values;
         std::for_each_n(values, HeldElements(values, count),
-                        [](std::uint16_t value) { std::printf("%-d ", value); });
-        std::printf("Bits\r\n");
+                        [this](std::uint16_t value) { Print(out, "%-d ", value); });
+        out.Take("Bits\r\n");
     }
 
     void operator()(const OffsetArrayField& field) const {
         const std::uint32_t count = record.*field.count;
         if (const std::uint16_t* shorts = record.*field.shorts) {
             std::for_each_n(shorts, HeldElements(shorts, count),
-                            [](std::uint16_t value) { std::printf("%-8d ", value); });
+                            [this](std::uint16_t value) { Print(out, "%-8d ", value); });
         } else {
             const std::uint32_t* longs = record.*field.longs;
             std::for_each_n(longs, HeldElements(longs, count),
-                            [](std::uint32_t value) { std::printf("%-8ld ", Signed(value)); });
+                            [this](std::uint32_t value) { Print(out, "%-8ld ", Signed(value)); });
         }
-        std::printf("\r\n");
+        out.Take("\r\n");
     }
 
     void operator()(const WordPairField& field) const {
         const auto& pair = record.*field.values;
-        std::printf("%-d, %d\r\n", Signed(pair[0]), Signed(pair[1]));
+        Print(out, "%-d, %d\r\n", Signed(pair[0]), Signed(pair[1]));
     }
 
     /// Lines of three; the first stands behind the label, the others under it.
@@ -112,10 +137,10 @@ struct ListingPrinter {
         for (std::size_t i = 0; i < kColorTableTaken; ++i) {
             const std::size_t column = i % kColorTableColumns;
             if (i > 0 && column == 0) {
-                PrintLabel("");
+                PrintLabel(out, "");
             }
             const bool lineEnds = column == kColorTableColumns - 1 || i == kColorTableTaken - 1;
-            std::printf("%-6u%s", static_cast<unsigned>(slots[i]), lineEnds ? "\r\n" : " ");
+            Print(out, "%-6u%s", static_cast<unsigned>(slots[i]), lineEnds ? "\r\n" : " ");
         }
     }
 
@@ -132,21 +157,22 @@ const char* FormatWord(std::int16_t format) {
 
 }  // namespace
 
-void PrintListingHeader(const char* name, std::int32_t size, std::int16_t format) {
-    std::printf("\r\nTiffDump\r\n>Header Info\r\n");
+void ListHeader(TextSink& out, const char* name, std::int32_t size, std::int16_t format) {
+    out.Take("\r\nTiffDump\r\n>Header Info\r\n");
     if (name != nullptr) {
-        std::printf("%-20s '%s'\r\n", "File", name);
+        PrintLabel(out, "File");
+        PrintQuoted(out, name, 0);
     }
-    std::printf("%-20s %-ld Bytes\r\n", "Size", static_cast<long>(size));
-    std::printf("%-20s %s\r\n\r\n>Standard TIFF\r\n", "Format", FormatWord(format));
+    Print(out, "%-20s %-ld Bytes\r\n", "Size", static_cast<long>(size));
+    Print(out, "%-20s %s\r\n\r\n>Standard TIFF\r\n", "Format", FormatWord(format));
 }
 
-void PrintListingLine(const TagRow& row, const Record& record) {
+void ListEntry(TextSink& out, const TagRow& row, const Record& record) {
     if (row.tag == TagIndex::kFirstPrivate) {
-        std::printf("\r\n>XK Private TIFF\r\n");
+        out.Take("\r\n>XK Private TIFF\r\n");
     }
-    PrintLabel(row.listingLabel);
-    std::visit(ListingPrinter{row, record}, row.field);
+    PrintLabel(out, row.listingLabel);
+    std::visit(ListingPrinter{out, row, record}, row.field);
 }
 
 }  // namespace platen::tiff

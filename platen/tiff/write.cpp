@@ -1,4 +1,5 @@
 #include <array>
+#include <cstdio>
 #include <cstring>
 
 #include <platen/base/files.h>
@@ -23,6 +24,13 @@ constexpr std::size_t kMostEntries = 2 * platen::tiff::kTagCount;
 std::uint16_t OrderOf(short format) {
     return static_cast<std::uint16_t>(format);
 }
+
+class StandardOutput : public platen::tiff::TextSink {
+  public:
+    void Take(std::string_view piece) override {
+        std::fwrite(piece.data(), 1, piece.size(), stdout);
+    }
+};
 
 /// Writes directories of placeholders where the file stands.
 class BlankDirectories {
@@ -225,8 +233,9 @@ short Tiff::WriteIFDStdDir(void* file, short format, short dir, int print) {
     if (!counting) {
         writer.emplace(file, OrderOf(format));
     }
+    StandardOutput listing;
     if (print != 0) {
-        platen::tiff::PrintListingHeader(m_FileName, m_FileSize, m_Format);
+        platen::tiff::ListHeader(listing, m_FileName, m_FileSize, m_Format);
     }
     const std::int16_t count = platen::tiff::WalkEntries(
         *record, [&](const platen::tiff::TagRow& row, const platen::tiff::EntryValue& value) {
@@ -234,7 +243,7 @@ short Tiff::WriteIFDStdDir(void* file, short format, short dir, int print) {
                 writer->AddEntry(value);
             }
             if (print != 0) {
-                platen::tiff::PrintListingLine(row, *record);
+                platen::tiff::ListEntry(listing, row, *record);
             }
         });
     if (writer) {

@@ -9,7 +9,8 @@ namespace platen::test {
 struct Streams {
     std::string outPath = {};    ///< an existing file or device instead
     bool outIsBroken = false;    ///< a pipe that nobody reads instead
-    bool errIsTerminal = false;  ///< what is written to the terminal is captured; not on Windows
+    bool outIsTerminal = false;  ///< what is written to the terminal is captured; not on Windows
+    bool errIsTerminal = false;  ///< the same
 };
 
 struct Outcome {

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -22,20 +23,35 @@ int OpenBrokenPipe() {
     return ends[1];
 }
 
-int OpenTerminal() {
-    const int terminal = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
-    return terminal >= 0 && grantpt(terminal) == 0 && unlockpt(terminal) == 0 ? terminal : -1;
-}
-
-/// What stands in the terminal's buffer once its other side is closed.
-std::string ReadAll(int terminal) {
-    std::string text;
-    std::array<char, 4096> piece{};
-    for (ssize_t got = 0; (got = read(terminal, piece.data(), piece.size())) > 0;) {
-        text.append(piece.data(), static_cast<std::size_t>(got));
+/// A terminal, which passes every byte as it is.
+class Terminal {
+  public:
+    Terminal() : m_terminal(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
+        grantpt(m_terminal);
+        unlockpt(m_terminal);
+        termios settings = {};
+        tcgetattr(m_terminal, &settings);
+        cfmakeraw(&settings);
+        tcsetattr(m_terminal, TCSANOW, &settings);
     }
-    return text;
-}
+    ~Terminal() { close(m_terminal); }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    [[nodiscard]] std::string Name() const { return ptsname(m_terminal); }
+    /// What stands in its buffer once the other side is closed.
+    [[nodiscard]] std::string Contents() const {
+        std::string text;
+        std::array<char, 4096> piece{};
+        for (ssize_t got = 0; (got = read(m_terminal, piece.data(), piece.size())) > 0;) {
+            text.append(piece.data(), static_cast<std::size_t>(got));
+        }
+        return text;
+    }
+
+  private:
+    int m_terminal;
+};
 
 int Spawn(const std::string& program, const std::vector<std::string>& arguments, int out, int err) {
     std::vector<char*> words = {const_cast<char*>(program.c_str())};
@@ -66,19 +82,22 @@ Outcome RunProgram(const std::string& program, const std::vector<std::string>& a
                    const Streams& streams) {
     const TemporaryFile outFile;
     const TemporaryFile errFile;
-    const std::string outPath = streams.outPath.empty() ? outFile.Path() : streams.outPath;
-    const int terminal = streams.errIsTerminal ? OpenTerminal() : -1;
-    const char* errPath = streams.errIsTerminal ? ptsname(terminal) : errFile.Name();
-    const int out =
-        streams.outIsBroken ? OpenBrokenPipe() : open(outPath.c_str(), O_WRONLY | O_CLOEXEC);
-    const int err = open(errPath, O_WRONLY | O_NOCTTY | O_CLOEXEC);
+    const Terminal outTerminal;
+    const Terminal errTerminal;
+    std::string outPath = streams.outPath.empty() ? outFile.Path() : streams.outPath;
+    if (streams.outIsTerminal) {
+        outPath = outTerminal.Name();
+    }
+    const std::string errPath = streams.errIsTerminal ? errTerminal.Name() : errFile.Path();
+    constexpr int kFlags = O_WRONLY | O_NOCTTY | O_CLOEXEC;
+    const int out = streams.outIsBroken ? OpenBrokenPipe() : open(outPath.c_str(), kFlags);
+    const int err = open(errPath.c_str(), kFlags);
     Outcome outcome;
     outcome.exitStatus = Spawn(program, arguments, out, err);
     close(out);
     close(err);
-    outcome.out = outFile.Contents();
-    outcome.err = streams.errIsTerminal ? ReadAll(terminal) : errFile.Contents();
-    close(terminal);
+    outcome.out = streams.outIsTerminal ? outTerminal.Contents() : outFile.Contents();
+    outcome.err = streams.errIsTerminal ? errTerminal.Contents() : errFile.Contents();
     return outcome;
 }
 

@@ -72,7 +72,7 @@ int Spawn(const std::string& program, const std::vector<std::string>& arguments,
 
 Outcome RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                    const Streams& streams) {
-    if (streams.errIsTerminal) {
+    if (streams.outIsTerminal || streams.errIsTerminal) {
         std::abort();  // nothing here makes one
     }
     const TemporaryFile outFile;

@@ -15,7 +15,7 @@ int Copy(const CopyOptions& options) {
         return WriteStraight(options.transfer, &Tiff::WriteCopy);
     }
     SourceFile<TiffCopy> source(options.transfer.in);
-    if (!source.GetProblem().what.empty()) {
+    if (source.GetProblem().Failed()) {
         PrintProblem(options.transfer.in, source.GetProblem());
         return kFileFailed;
     }

@@ -5,7 +5,7 @@
 
 #include "commands.h"
 #include "file_list.h"
-#include "system.h"
+#include "source_file.h"
 
 namespace platen::tool {
 namespace {
@@ -19,21 +19,25 @@ class Reporter : public Tiff {
     explicit Reporter(Output* growing) : m_growing(growing) {}
 
     Problem ReadFile(const char* name) {
-        ClearSystemError();
+        const FileWatch watch;
         void* file = Open(name, OF_READ);
         if (m_Status != 1) {
-            return ProblemOf(m_Status, SystemError());
+            return OpeningProblem(watch);
         }
         ReadSetDump(1);
         const long status = Read(file);
-        const int systemError = SystemError();
         Close(file);
         FreeRecords();
-        if (status != 1) {
-            return ProblemOf(status, systemError);
+        if (m_growing != nullptr && m_growing->Failed()) {
+            return {};
         }
-        return m_hDump == nullptr ? Problem{-4, "the report was abandoned, being too large"}
-                                  : Problem{};
+        Problem problem = ReadingProblem(*this, status, watch);
+        if (problem.isNote) {
+            problem = ProblemOf(status, std::nullopt);
+        }
+        return problem.what.empty() && m_hDump == nullptr
+                   ? Problem{-4, "the report was abandoned: too large, or memory is exhausted"}
+                   : problem;
     }
 
     /// What was gathered and not yet written, straight from the engine's block: a report can be
@@ -41,7 +45,7 @@ class Reporter : public Tiff {
     void Print(Output& output) const {
         if (m_hDump != nullptr) {
             const auto* text = static_cast<const char*>(MEM_LockHandle(m_hDump));
-            output.Write({text, DumpGetSize() - 1});
+            output.WriteReport({text, DumpGetSize() - 1});
             MEM_UnlockHandle(m_hDump);
         }
     }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <new>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,27 +27,37 @@ struct FileList {
 /// follows in the order of the list, whatever became of the files before. The exit status.
 template <typename Work, typename Print>
 int RunOnFiles(const FileList& files, Output& output, const Work& work, const Print& print) {
+    using Result = std::invoke_result_t<Work, const std::string&>;
     Progress progress(files.names.size());
     bool good = true;
-    const auto take = [&](std::size_t job, const auto& result) {
-        const bool failed = !result.problem.what.empty();
-        if (failed || output.IsTerminal()) {
+    /// Nothing when there was no memory for the result.
+    const auto workOn = [&](std::size_t job) -> std::optional<Result> {
+        try {
+            return work(files.names[job]);
+        } catch (const std::bad_alloc&) {
+            return std::nullopt;
+        }
+    };
+    const auto take = [&](std::size_t job, const std::optional<Result>& result) {
+        const Problem problem = result ? result->problem : Problem{-4, kNoMemory};
+        const bool says = !problem.what.empty();
+        if (says || output.IsTerminal()) {
             progress.Clear();
         }
-        print(result);
-        if (failed || output.IsTerminal()) {
+        if (result) {
+            print(*result);
+        }
+        if (says || output.IsTerminal()) {
             output.Flush();
         }
-        if (failed) {
-            PrintProblem(files.names[job], result.problem);
-            good = false;
+        if (says) {
+            PrintProblem(files.names[job], problem);
         }
+        good = good && !problem.Failed();
         progress.Show(job + 1);
         return !output.Failed();
     };
-    RunInOrder(
-        files.names.size(), files.Threads(),
-        [&](std::size_t job) { return work(files.names[job]); }, take);
+    RunInOrder(files.names.size(), files.Threads(), workOn, take);
     progress.Clear();
     return output.Finish() && good ? kDone : kFileFailed;
 }

@@ -14,23 +14,48 @@ struct GetOptions {
     long long dir = 0;
 };
 
+/// Notes the entry that it stores for one tag of one directory. The records alone do not tell: a
+/// stored value can be the same as what stands for an absent tag.
+class TagReader : public Tiff {
+  public:
+    TagReader(const tiff::TagRow& row, long long dir) : m_row(row), m_dir(dir) {}
+
+    long ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) override {
+        const long answer = Tiff::ParseIFDStdDir(file, entry, dir);
+        if (dir == m_dir && entry.Tag == m_row.tag && m_row.Accepts(entry.Type)) {
+            m_stored = entry;
+        }
+        return answer;
+    }
+
+    [[nodiscard]] std::optional<std::string> Text() const {
+        return m_stored ? TagText(m_row, getStdDir()[m_dir], *m_stored) : std::nullopt;
+    }
+
+  private:
+    const tiff::TagRow& m_row;
+    long long m_dir;
+    std::optional<TiffIFDEntryStruct> m_stored;
+};
+
 int Get(const GetOptions& options) {
     const tiff::TagRow& row = TagNamed(options.tag);
-    const SourceFile<Tiff> source(options.file);
-    if (!source.GetProblem().what.empty()) {
-        PrintProblem(options.file, source.GetProblem());
+    const SourceFile<TagReader> source(options.file, row, options.dir);
+    const Problem& problem = source.GetProblem();
+    if (!problem.what.empty()) {
+        PrintProblem(options.file, problem);
+    }
+    if (problem.Failed() || !source.HasDirectory(options.file, options.dir)) {
         return kFileFailed;
     }
-    if (!source.HasDirectory(options.file, options.dir)) {
-        return kFileFailed;
-    }
-    const auto text = TagText(row, source.GetEngine().getStdDir()[options.dir]);
+    const auto text = source.GetEngine().Text();
     if (!text) {
         PrintFailure(options.file, options.dir, std::string("no ") + row.name);
         return kFileFailed;
     }
     Output output;
-    output.Write(*text + "\n");
+    output.WriteText(*text);
+    output.Write("\n");
     return output.Finish() ? kDone : kFileFailed;
 }
 

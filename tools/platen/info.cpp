@@ -23,9 +23,9 @@ int ShowInfo(const InfoOptions& options) {
     Output output;
     return RunOnFiles(
         options.files, output,
-        [describe](const std::string& name) {
+        [describe, forTerminal = output.IsTerminal()](const std::string& name) {
             const Inspection file(name);
-            return Info{describe(file), file.GetProblem()};
+            return Info{describe(file, forTerminal), file.GetProblem()};
         },
         [&output](const Info& info) { output.Write(info.text); });
 }

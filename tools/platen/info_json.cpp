@@ -1,28 +1,46 @@
-#include <nlohmann/json.hpp>
-
 #include "info.h"
+#include "shown_text.h"
 
 namespace platen::tool {
+namespace {
 
-using Json = nlohmann::ordered_json;
+/// A member of an object, with the comma before all but the first.
+void AppendMember(std::string& object, std::string_view key, std::string_view value) {
+    object.append(object.ends_with('{') ? "\"" : ",\"").append(key).append("\":").append(value);
+}
 
-std::string InfoJson(const Inspection& file) {
-    const char* format = file.Format();
-    Json line = {{"file", file.Name()},
-                 {"status", file.Status()},
-                 {"format", format == nullptr ? Json(nullptr) : Json(format)},
-                 {"size", file.Size()}};
-    Json directories = Json::array();
+std::string Directories(const Inspection& file) {
+    std::string list = "[";
     for (short dir = 0; dir < file.Directories(); ++dir) {
-        directories.push_back({{"index", dir},
-                               {"entries", file.Directory(dir).NumEntries},
-                               {"class", file.ClassOf(dir)}});
+        std::string object = dir == 0 ? "{" : ",{";
+        AppendMember(object, "index", std::to_string(dir));
+        AppendMember(object, "entries", std::to_string(file.Entries(dir)));
+        AppendMember(object, "class", std::string("\"") + file.ClassOf(dir) + "\"");
+        list.append(object).append("}");
     }
-    line["directories"] = std::move(directories);
+    return list.append("]");
+}
+
+std::string Roles(const Inspection& file) {
+    std::string object = "{";
     for (std::size_t i = 0; i < kRoles.size(); ++i) {
-        line["roles"][kRoles[i].name] = file.Chosen()[i];
+        AppendMember(object, kRoles[i].name, std::to_string(file.Chosen()[i]));
     }
-    return line.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+    return object.append("}");
+}
+
+}  // namespace
+
+std::string InfoJson(const Inspection& file, bool forTerminal) {
+    const char* format = file.Format();
+    std::string line = "{";
+    AppendMember(line, "file", JsonText(file.Name(), forTerminal));
+    AppendMember(line, "status", std::to_string(file.Status()));
+    AppendMember(line, "format", format == nullptr ? "null" : JsonText(format, false));
+    AppendMember(line, "size", std::to_string(file.Size()));
+    AppendMember(line, "directories", Directories(file));
+    AppendMember(line, "roles", Roles(file));
+    return line.append("}\n");
 }
 
 }  // namespace platen::tool

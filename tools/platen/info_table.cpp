@@ -3,6 +3,7 @@
 #include <platen/tiff/tags.h>
 
 #include "info.h"
+#include "shown_text.h"
 #include "table.h"
 
 namespace platen::tool {
@@ -44,21 +45,21 @@ std::string Roles(const Inspection& file, short dir) {
     return text.empty() ? kAbsent : text;
 }
 
-std::string Heading(const Inspection& file) {
+std::string Heading(const Inspection& file, bool forTerminal) {
     const bool one = file.Directories() == 1;
-    return file.Name() + ": " + file.Format() + " byte order, " + std::to_string(file.Size()) +
-           " bytes, " + std::to_string(file.Directories()) +
-           (one ? " directory\n" : " directories\n");
+    return (forTerminal ? ShownText(file.Name()) : file.Name()) + ": " + file.Format() +
+           " byte order, " + std::to_string(file.Size()) + " bytes, " +
+           std::to_string(file.Directories()) + (one ? " directory\n" : " directories\n");
 }
 
 }  // namespace
 
-std::string InfoTable(const Inspection& file) {
+std::string InfoTable(const Inspection& file, bool forTerminal) {
     if (file.Format() == nullptr) {
         return {};
     }
     if (file.Directories() == 0) {
-        return Heading(file);
+        return Heading(file, forTerminal);
     }
     Table table({{"dir", true},
                  {"entries", true},
@@ -70,12 +71,12 @@ std::string InfoTable(const Inspection& file) {
                  {"roles", false}});
     for (short dir = 0; dir < file.Directories(); ++dir) {
         const TiffIFDStdDirStruct& record = file.Directory(dir);
-        table.Add({std::to_string(dir), std::to_string(record.NumEntries), Dimensions(record),
+        table.Add({std::to_string(dir), std::to_string(file.Entries(dir)), Dimensions(record),
                    Bits(record), Coded("Compression", record.Compression),
                    Coded("PhotometricInterpretation", record.PhotometricInterpretation),
                    file.ClassOf(dir), Roles(file, dir)});
     }
-    return Heading(file) + table.Text();
+    return Heading(file, forTerminal) + table.Text();
 }
 
 }  // namespace platen::tool

@@ -1,5 +1,6 @@
 #include "inspection.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <limits>
 
@@ -28,6 +29,18 @@ std::uint64_t WholeSize(const std::string& name, long counted) {
 }
 
 }  // namespace
+
+/// The engine adds up all numbers, modulo 65,536.
+std::uint16_t CountingTiff::Entries(short dir) const {
+    if (m_StdDir[dir].NumEntries != 0 || dir + 1 != DirectoriesMet()) {
+        return m_StdDir[dir].NumEntries;
+    }
+    std::uint16_t entries = m_TotalEntries;
+    std::for_each(m_StdDir, m_StdDir + dir, [&entries](const TiffIFDStdDirStruct& record) {
+        entries = static_cast<std::uint16_t>(entries - record.NumEntries);
+    });
+    return entries;
+}
 
 Inspection::Inspection(const std::string& name) : m_name(name), m_source(name) {
     m_size = WholeSize(name, Engine().getFileSize());

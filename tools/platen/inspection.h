@@ -25,13 +25,20 @@ inline constexpr std::array<Role, 6> kRoles = {{
     {"xkold", &Tiff::GetXKoldIFDDir},
 }};
 
+/// Knows the number of entries of a directory that was cut short, too.
+class CountingTiff : public Tiff {
+  public:
+    [[nodiscard]] std::uint16_t Entries(short dir) const;
+};
+
 /// One file, read, as the `info` command sees it.
 class Inspection {
   public:
     explicit Inspection(const std::string& name);
 
     [[nodiscard]] const std::string& Name() const { return m_name; }
-    [[nodiscard]] long Status() const { return GetProblem().status; }
+    /// The engine's.
+    [[nodiscard]] long Status() const { return m_source.Status(); }
     [[nodiscard]] const Problem& GetProblem() const { return m_source.GetProblem(); }
     /// "INTEL", "MOTOROLA", or null when the header was not accepted.
     [[nodiscard]] const char* Format() const;
@@ -40,16 +47,18 @@ class Inspection {
     [[nodiscard]] const TiffIFDStdDirStruct& Directory(short dir) const {
         return Engine().getStdDir()[dir];
     }
+    /// As the directory says.
+    [[nodiscard]] std::uint16_t Entries(short dir) const { return Engine().Entries(dir); }
     /// "XKold", "XK", "B", "G", "P", "R", or "unknown".
     [[nodiscard]] const char* ClassOf(short dir) const;
     /// By role, the directory that has it, or -1.
     [[nodiscard]] const std::array<short, kRoles.size()>& Chosen() const { return m_chosen; }
 
   private:
-    [[nodiscard]] const Tiff& Engine() const { return m_source.GetEngine(); }
+    [[nodiscard]] const CountingTiff& Engine() const { return m_source.GetEngine(); }
 
     std::string m_name;
-    SourceFile<Tiff> m_source;
+    SourceFile<CountingTiff> m_source;
     std::uint64_t m_size = 0;                     ///< bytes
     std::array<short, kRoles.size()> m_chosen{};  ///< once for all: each looks at every directory
 };

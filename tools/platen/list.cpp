@@ -1,8 +1,8 @@
-#include <cstdio>
 #include <memory>
 #include <optional>
 
-#include <platen/base/files.h>
+#include <platen/tiff/directory_walk.h>
+#include <platen/tiff/listing.h>
 
 #include "commands.h"
 #include "output.h"
@@ -16,30 +16,63 @@ struct ListOptions {
     std::optional<long long> dir;
 };
 
-/// The engine prints on standard output itself; each directory is flushed so that a reader that
-/// went away, or a full device, ends the listing.
-void PrintListing(Tiff& tiff, short dir, Output& output) {
-    tiff.WriteIFDStdDir(FILE_none(), 0, dir, 1);
+/// Gathers a listing, and hands it on in pieces that end behind a character of ASCII, but not
+/// within a line end.
+class ListingOutput : public tiff::TextSink {
+  public:
+    explicit ListingOutput(Output& output) : m_output(output) {}
+
+    void Take(std::string_view piece) override {
+        m_gathered += piece;
+        const bool ends = !piece.empty() && piece.back() > '\r';
+        if (ends && m_gathered.size() > kPieceSize) {
+            HandOn();
+        }
+    }
+    void HandOn() {
+        m_output.WriteReport(m_gathered);
+        m_gathered.clear();
+    }
+
+  private:
+    static constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
+
+    Output& m_output;
+    std::string m_gathered;
+};
+
+/// As the engine lists a directory; a device that is full, or a reader that went away, ends it.
+void ListDirectory(const Tiff& tiff, short dir, Output& output) {
+    ListingOutput out(output);
+    tiff::ListHeader(out, tiff.GetFileName(), static_cast<std::int32_t>(tiff.getFileSize()),
+                     tiff.getFormat());
+    const TiffIFDStdDirStruct& record = tiff.getStdDir()[dir];
+    tiff::WalkEntries(record, [&](const tiff::TagRow& row, const tiff::EntryValue& /*value*/) {
+        if (!output.Failed()) {
+            tiff::ListEntry(out, row, record);
+        }
+    });
+    out.HandOn();
     output.Flush();
 }
 
 int List(const ListOptions& options) {
-    SourceFile<Tiff> source(options.file);
-    const bool readWhole = source.GetProblem().what.empty();
+    const SourceFile<Tiff> source(options.file);
+    const Problem& problem = source.GetProblem();
     Output output;
     if (!options.dir) {
         for (short dir = 0; dir < source.Directories() && !output.Failed(); ++dir) {
-            PrintListing(source.GetEngine(), dir, output);
+            ListDirectory(source.GetEngine(), dir, output);
         }
-    } else if (readWhole && !source.HasDirectory(options.file, *options.dir)) {
+    } else if (!problem.Failed() && !source.HasDirectory(options.file, *options.dir)) {
         return kFileFailed;
     } else if (*options.dir >= 0 && *options.dir < source.Directories()) {
-        PrintListing(source.GetEngine(), static_cast<short>(*options.dir), output);
+        ListDirectory(source.GetEngine(), static_cast<short>(*options.dir), output);
     }
-    if (!readWhole) {
-        PrintProblem(options.file, source.GetProblem());
+    if (!problem.what.empty()) {
+        PrintProblem(options.file, problem);
     }
-    return output.Finish() && readWhole ? kDone : kFileFailed;
+    return output.Finish() && !problem.Failed() ? kDone : kFileFailed;
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
+#include <cstdlib>
 #include <exception>
+#include <new>
 #include <sstream>
 
 #include "commands.h"
@@ -20,7 +22,7 @@ std::string UsageMessage(const CLI::App* program, const CLI::Error& error) {
     } else if (program->remaining_size() != 0) {
         wrong = "Neither a subcommand nor an option: " + program->remaining().front();
     }
-    return command + ": " + wrong + "\nTry '" + command + " --help'.\n";
+    return command + ": " + InMessage(wrong) + "\nTry '" + command + " --help'.\n";
 }
 
 /// Prints help, version or what is wrong with the command line.
@@ -61,15 +63,45 @@ int Run(int argc, char** argv) {
     return exitStatus;
 }
 
+/// Takes no memory.
+void PrintNoMemory() {
+    PrintToStandardError("platen: ");
+    PrintToStandardError(kNoMemory);
+    PrintToStandardError("\n");
+}
+
+/// Before `main` there is nobody to catch what is thrown while the command line library's objects
+/// are built; and nothing was thrown when there was no memory for the exception itself.
+[[noreturn]] void EndUncaught() {
+    try {
+        if (const std::exception_ptr thrown = std::current_exception()) {
+            std::rethrow_exception(thrown);
+        }
+    } catch (const std::bad_alloc&) {
+    } catch (...) {
+        std::abort();
+    }
+    PrintNoMemory();
+    std::_Exit(kFileFailed);
+}
+
+/// Runs before any object is built.
+[[gnu::constructor(101)]] void PrepareForUncaught() {
+    std::set_terminate(&EndUncaught);
+}
+
 }  // namespace
 }  // namespace platen::tool
 
 int main(int argc, char** argv) {
-    platen::tool::PrepareStreams();
+    using namespace platen::tool;
     try {
-        return platen::tool::Run(argc, argv);
+        PrepareStreams();
+        return Run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        PrintNoMemory();
     } catch (const std::exception& error) {
-        platen::tool::PrintToStandardError(std::string("platen: ") + error.what() + "\n");
-        return platen::tool::kFileFailed;
+        PrintToStandardError(std::string("platen: ") + error.what() + "\n");
     }
+    return kFileFailed;
 }

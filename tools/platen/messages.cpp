@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "shown_text.h"
 #include "system.h"
 
 namespace platen::tool {
@@ -24,28 +25,30 @@ const char* Meaning(long status) {
 
 }  // namespace
 
-std::string WithReason(std::string_view what, int systemError) {
+std::string WithReason(std::string_view what, std::optional<int> systemError) {
     std::string text(what);
-    if (systemError != 0) {
-        text.append(": ").append(SystemErrorText(systemError));
+    if (systemError.value_or(0) != 0) {
+        text.append(": ").append(SystemErrorText(*systemError));
     }
     return text;
 }
 
-Problem ProblemOf(long status, int systemError) {
+Problem ProblemOf(long status, std::optional<int> systemError) {
     return {status, WithReason(Meaning(status), systemError)};
 }
 
 void PrintProblem(std::string_view file, const Problem& problem) {
     std::string line = "platen: ";
-    line.append(file).append(": ").append(problem.what);
-    line.append(" (status ").append(std::to_string(problem.status)).append(")\n");
-    PrintToStandardError(line);
+    line.append(InMessage(file)).append(problem.isNote ? ": note: " : ": ").append(problem.what);
+    if (problem.status != 1) {
+        line.append(" (status ").append(std::to_string(problem.status)).append(")");
+    }
+    PrintToStandardError(line.append("\n"));
 }
 
 void PrintFailure(std::string_view file, long long dir, std::string_view what) {
     std::string line = "platen: ";
-    line.append(file).append(": ");
+    line.append(InMessage(file)).append(": ");
     if (dir >= 0) {
         line.append("directory ").append(std::to_string(dir)).append(": ");
     }
@@ -54,6 +57,10 @@ void PrintFailure(std::string_view file, long long dir, std::string_view what) {
 
 void PrintToStandardError(std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+std::string InMessage(std::string_view text) {
+    return IsTerminal(stderr) ? ShownText(text) : std::string(text);
 }
 
 }  // namespace platen::tool

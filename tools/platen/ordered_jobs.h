@@ -3,25 +3,33 @@
 #include <algorithm>
 #include <condition_variable>
 #include <cstddef>
+#include <exception>
 #include <functional>
-#include <future>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace platen::tool {
 
 /// Jobs 0 to count - 1, worked on by several threads, the calling one among them; results are taken
 /// in the order of the jobs. No more than twice as many jobs as threads are started ahead of the
-/// one to be taken next, so one slow job does not let the results of all others pile up.
+/// one to be taken next, so one slow job does not let the results of all others pile up. Where the
+/// system gives no more threads, fewer do the work.
 template <typename Result>
 class OrderedJobs {
   public:
     OrderedJobs(std::size_t count, unsigned threads, std::function<Result(std::size_t)> work)
         : m_count(count), m_work(std::move(work)), m_window(std::size_t{2} * threads) {
-        for (unsigned i = 1; i < threads; ++i) {
-            m_threads.emplace_back([this](const std::stop_token& stop) { RunJobs(stop); });
+        m_threads.reserve(threads);
+        try {
+            for (unsigned i = 1; i < threads; ++i) {
+                m_threads.emplace_back([this](const std::stop_token& stop) { RunJobs(stop); });
+            }
+        } catch (const std::exception&) {
+            return;
         }
     }
 
@@ -29,25 +37,36 @@ class OrderedJobs {
     /// result's job threw.
     Result Take() {
         std::unique_lock lock(m_mutex);
-        std::future<Result>& slot = m_window[m_taken % m_window.size()];
-        while (!slot.valid()) {
+        Slot& slot = m_window[m_taken % m_window.size()];
+        while (!slot.IsFilled()) {
             if (MayStart()) {
                 RunNext(lock);
             } else {
                 m_finished.wait(lock);
             }
         }
-        std::future<Result> result = std::move(slot);
+        Slot taken = std::exchange(slot, Slot());
         const bool threadsMayWait = !MayStart();
         ++m_taken;
         lock.unlock();
         if (threadsMayWait) {
             m_taking.notify_one();
         }
-        return result.get();
+        if (taken.thrown) {
+            std::rethrow_exception(taken.thrown);
+        }
+        return *std::move(taken.result);
     }
 
   private:
+    /// What a finished job gave; filling it takes no memory.
+    struct Slot {
+        std::optional<Result> result;
+        std::exception_ptr thrown;
+
+        [[nodiscard]] bool IsFilled() const { return result || thrown; }
+    };
+
     [[nodiscard]] bool MayStart() const {
         return m_started < m_count && m_started < m_taken + m_window.size();
     }
@@ -55,10 +74,14 @@ class OrderedJobs {
     void RunNext(std::unique_lock<std::mutex>& lock) {
         const std::size_t job = m_started++;
         lock.unlock();
-        std::packaged_task<Result(std::size_t)> task(std::cref(m_work));
-        task(job);
+        Slot done;
+        try {
+            done.result.emplace(m_work(job));
+        } catch (...) {
+            done.thrown = std::current_exception();
+        }
         lock.lock();
-        m_window[job % m_window.size()] = task.get_future();
+        m_window[job % m_window.size()] = std::move(done);
         if (job == m_taken) {
             m_finished.notify_one();
         }
@@ -73,7 +96,7 @@ class OrderedJobs {
 
     std::size_t m_count;
     std::function<Result(std::size_t)> m_work;
-    std::vector<std::future<Result>> m_window;  ///< finished, not yet taken; slot by job number
+    std::vector<Slot> m_window;  ///< finished, not yet taken; slot by job number
     std::size_t m_started = 0;
     std::size_t m_taken = 0;
     std::mutex m_mutex;

@@ -2,17 +2,28 @@
 
 #include <cstdio>
 
+#include <platen/base/system_error.h>
+
 #include "messages.h"
+#include "shown_text.h"
 #include "system.h"
 
 namespace platen::tool {
 
 Output::Output() : m_terminal(tool::IsTerminal(stdout)) {}
 
-void Output::Write(std::string_view text) {
+void Output::Write(std::string_view bytes) {
     if (!m_failed) {
-        Check(std::fwrite(text.data(), 1, text.size(), stdout) == text.size());
+        Check(std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size());
     }
+}
+
+void Output::WriteText(std::string_view text) {
+    m_terminal ? Write(ShownText(text)) : Write(text);
+}
+
+void Output::WriteReport(std::string_view report) {
+    m_terminal ? Write(ShownText(report, LineEnds::Kept)) : Write(report);
 }
 
 void Output::Flush() {
@@ -21,8 +32,12 @@ void Output::Flush() {
     }
 }
 
+/// Some file systems tell what went wrong only when a file is closed.
 bool Output::Finish() {
     Flush();
+    if (!m_failed) {
+        Check(std::fclose(stdout) == 0);
+    }
     return !m_failed;
 }
 

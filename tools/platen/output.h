@@ -4,15 +4,20 @@
 
 namespace platen::tool {
 
-/// Standard output, byte for byte. The first failed write is reported on standard error, and
-/// nothing is written after it.
+/// Standard output. The first failed write is reported on standard error, and nothing is written
+/// after it.
 class Output {
   public:
     Output();
 
-    void Write(std::string_view text);
+    /// Byte for byte.
+    void Write(std::string_view bytes);
+    /// A file's text, in one line: on a terminal control characters are shown escaped.
+    void WriteText(std::string_view text);
+    /// The same for what the engine prints, whose lines end in "\r\n".
+    void WriteReport(std::string_view report);
     void Flush();
-    /// Flushes; true when everything was written.
+    /// Flushes and closes; true when everything was written. Nothing else may be written then.
     bool Finish();
 
     [[nodiscard]] bool Failed() const { return m_failed; }

@@ -1,8 +1,9 @@
 #include <algorithm>
 #include <memory>
 
+#include <platen/tiff/directory_walk.h>
+
 #include "tag_edit.h"
-#include "tag_values.h"
 #include "transfer.h"
 
 namespace platen::tool {
@@ -30,11 +31,13 @@ std::vector<TagEdit> ParseEdits(const std::vector<std::string>& arguments) {
 /// The private tags are written only beside FileTag. The name of one that would get lost by edits
 /// which concern them, or null.
 const char* LostPrivateTag(const std::vector<TagEdit>& edits, const TiffIFDStdDirStruct& record) {
-    if (record.FileTag != kNone32 || edits.back().row->tag < tiff::TagIndex::kFirstPrivate) {
+    if (record.FileTag != tiff::kNone32 || edits.back().row->tag < tiff::TagIndex::kFirstPrivate) {
         return nullptr;
     }
-    const auto lost = std::ranges::find_if(tiff::kTags, [&record](const tiff::TagRow& row) {
-        return row.tag > tiff::TagIndex::kFirstPrivate && TagText(row, record);
+    TiffIFDStdDirStruct beside = record;
+    beside.FileTag = 0;
+    const auto lost = std::ranges::find_if(tiff::kTags, [&beside](const tiff::TagRow& row) {
+        return row.tag > tiff::TagIndex::kFirstPrivate && tiff::ValueToWrite(row, beside);
     });
     return lost == tiff::kTags.end() ? nullptr : lost->name;
 }
@@ -43,7 +46,7 @@ int Set(const SetOptions& options) {
     const std::vector<TagEdit> edits = ParseEdits(options.edits);
     const std::string& in = options.transfer.in;
     SourceFile<TiffCopy> source(in);
-    if (!source.GetProblem().what.empty()) {
+    if (source.GetProblem().Failed()) {
         PrintProblem(in, source.GetProblem());
         return kFileFailed;
     }

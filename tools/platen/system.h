@@ -8,7 +8,8 @@
 namespace platen::tool {
 
 /// Lets standard output and error carry every byte as it is, and a write to them that cannot
-/// succeed show as a failed write instead of ending the program.
+/// succeed, or to a file beyond its largest size, show as a failed write instead of ending the
+/// program. Where a standard stream is closed, no file takes its place.
 void PrepareStreams();
 
 /// How many threads the program may use side by side.
@@ -19,10 +20,6 @@ void PrepareStreams();
 /// How many columns the terminal behind standard error has; 0 when that cannot be asked.
 [[nodiscard]] std::size_t TerminalColumns();
 
-/// The system's number for what failed last in this thread; 0 when nothing did since it was
-/// cleared.
-[[nodiscard]] int SystemError();
-void ClearSystemError();
 [[nodiscard]] std::string SystemErrorText(int systemError);
 
 }  // namespace platen::tool

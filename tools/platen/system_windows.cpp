@@ -49,14 +49,6 @@ std::size_t TerminalColumns() {
                                           1);
 }
 
-int SystemError() {
-    return static_cast<int>(GetLastError());
-}
-
-void ClearSystemError() {
-    SetLastError(ERROR_SUCCESS);
-}
-
 std::string SystemErrorText(int systemError) {
     return std::system_category().message(systemError);
 }

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <limits>
+#include <new>
 #include <string_view>
 
 #include <platen/base/files.h>
@@ -142,9 +143,26 @@ struct AbsentValue {
     }
 };
 
+/// Whether a field that holds its values in a block has one.
+struct HasBlock {
+    const TiffIFDStdDirStruct& record;
+
+    bool operator()(const tiff::TextField& field) const { return record.*field.text != nullptr; }
+    bool operator()(const tiff::WordArrayField& field) const {
+        return record.*field.values != nullptr;
+    }
+    template <typename OtherField>
+    bool operator()(const OtherField& /*field*/) const {
+        return true;
+    }
+};
+
 /// Whether the engine would write the tag with this value: some numbers stand for an absent tag.
 bool IsWritable(const TagEdit& edit) {
     Tiff scratch;
+    if (scratch.getStdDir() == nullptr) {
+        throw std::bad_alloc();
+    }
     const auto entries = [&scratch] { return scratch.WriteIFDStdDir(FILE_none(), 0, 0, 0); };
     scratch.setTAG(tiff::TagIndex::kFirstPrivate, 0, 1, 0);
     Apply({edit.row, std::visit(AbsentValue{}, edit.row->field), true}, scratch, 0);
@@ -188,7 +206,11 @@ TagEdit ParseEdit(const std::string& argument) {
     }
 }
 
+/// The engine tells nothing of a tag that it could not set.
 void Apply(const TagEdit& edit, Tiff& tiff, short dir) {
+    if (tiff.getStdDir() == nullptr) {
+        throw std::bad_alloc();
+    }
     const auto value = std::visit(
         [](const auto& data) {
             if constexpr (std::is_same_v<std::decay_t<decltype(data)>, std::uint32_t>) {
@@ -199,6 +221,9 @@ void Apply(const TagEdit& edit, Tiff& tiff, short dir) {
         },
         edit.value.data);
     tiff.setTAG(edit.row->tag, value, edit.value.count, dir);
+    if (!edit.removes && !std::visit(HasBlock{tiff.getStdDir()[dir]}, edit.row->field)) {
+        throw std::bad_alloc();
+    }
 }
 
 }  // namespace platen::tool

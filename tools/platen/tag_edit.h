@@ -28,6 +28,7 @@ struct TagEdit {
 /// and a value that the tag cannot have.
 TagEdit ParseEdit(const std::string& argument);
 
+/// Throws std::bad_alloc when the record cannot hold the value.
 void Apply(const TagEdit& edit, Tiff& tiff, short dir);
 
 }  // namespace platen::tool

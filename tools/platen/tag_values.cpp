@@ -33,29 +33,28 @@ Text Joined(const Value* values, std::size_t count) {
     return count == 0 ? Text() : text;
 }
 
-bool IsNone(const Rational& value) {
-    return value.Numerator == kNone32 || value.Denominator == kNone32;
-}
-
 /// The text form of a field's value, by kind.
 struct TextOf {
     const TiffIFDStdDirStruct& record;
+    const TiffIFDEntryStruct& stored;
 
     Text operator()(const tiff::WordField& field) const {
-        return Number(record.*field.value, field.absent);
+        return Joined(&(record.*field.value), 1);
     }
     Text operator()(const tiff::LongField& field) const {
-        return Number(record.*field.value, field.absent);
+        return Joined(&(record.*field.value), 1);
     }
-    Text operator()(const tiff::SizeField& field) const { return Number(record.*field.value, 0); }
+    /// The record takes a SHORT for signed.
+    Text operator()(const tiff::SizeField& field) const {
+        const std::int32_t size = record.*field.value;
+        return std::to_string(stored.Type == TIFF_SHORT ? static_cast<std::uint16_t>(size) : size);
+    }
     Text operator()(const tiff::RationalField& field) const {
-        const Rational& value = record.*field.value;
-        return IsNone(value) ? Text() : Joined(&value, 1);
+        return Joined(&(record.*field.value), 1);
     }
     template <std::size_t N>
     Text operator()(const tiff::RationalGroupField<N>& field) const {
-        const auto& values = record.*field.values;
-        return std::ranges::any_of(values, IsNone) ? Text() : Joined(values, N);
+        return Joined(record.*field.values, std::min<std::size_t>(stored.Count, N));
     }
     Text operator()(const tiff::TextField& field) const {
         const char* text = record.*field.text;
@@ -70,23 +69,15 @@ struct TextOf {
                                 : Block(record.*field.shorts, record.*field.count);
     }
     Text operator()(const tiff::WordPairField& field) const {
-        const auto& pair = record.*field.values;
-        return pair[0] == kNone16 && pair[1] == kNone16 ? Text() : Joined(pair, 2);
+        return Joined(record.*field.values, 2);
     }
     Text operator()(const tiff::ColorTableField& field) const {
-        const std::uint32_t count = record.*field.count;
-        const bool held = static_cast<std::int32_t>(count) > 0;
-        return held ? Joined(record.*field.values, std::min(count, tiff::kColorTableTaken))
-                    : Text();
+        return Joined(record.*field.values, std::min(stored.Count, tiff::kColorTableTaken));
     }
     Text operator()(const tiff::BlockSlot& /*field*/) const { return std::nullopt; }
     Text operator()(const tiff::LongSlot& /*field*/) const { return std::nullopt; }
 
   private:
-    template <typename Value>
-    static Text Number(Value value, Value absent) {
-        return value == absent ? Text() : std::to_string(value);
-    }
     /// A count can be that of another entry than the block.
     template <typename Value>
     static Text Block(const Value* values, std::uint32_t count) {
@@ -110,8 +101,9 @@ const tiff::TagRow& TagNamed(std::string_view tag) {
     return *row;
 }
 
-std::optional<std::string> TagText(const tiff::TagRow& row, const TiffIFDStdDirStruct& record) {
-    return std::visit(TextOf{record}, row.field);
+std::optional<std::string> TagText(const tiff::TagRow& row, const TiffIFDStdDirStruct& record,
+                                   const TiffIFDEntryStruct& stored) {
+    return std::visit(TextOf{record, stored}, row.field);
 }
 
 }  // namespace platen::tool

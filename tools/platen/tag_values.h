@@ -17,8 +17,9 @@ using tiff::kNone32;
 /// that is not known.
 const tiff::TagRow& TagNamed(std::string_view tag);
 
-/// The value that a record holds: numbers or fractions separated by one space, or the text as it
-/// is. None when the tag is absent.
-std::optional<std::string> TagText(const tiff::TagRow& row, const TiffIFDStdDirStruct& record);
+/// The value that a record holds of a stored entry: numbers or fractions separated by one space, or
+/// the text as it is. None when the entry gave no value.
+std::optional<std::string> TagText(const tiff::TagRow& row, const TiffIFDStdDirStruct& record,
+                                   const TiffIFDEntryStruct& stored);
 
 }  // namespace platen::tool

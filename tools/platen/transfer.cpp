@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include <platen/base/file_names.h>
+#include <platen/base/system_error.h>
 
 #include "interrupt.h"
 #include "system.h"
