@@ -9,6 +9,9 @@
 #include <platen/progress/progress_bar.h>
 #include <platen/progress/report.h>
 #include <platen/progress/status_progress.h>
+#include <platen/tags/catalogue.h>
+#include <platen/tags/field_type.h>
+#include <platen/tags/values.h>
 #include <platen/tiff/Tiff.h>
 #include <platen/tiff/TiffCopy.h>
 #include <platen/tiff/records.h>

@@ -11,6 +11,7 @@
 #include <platen/base/buffer.h>
 #include <platen/base/files.h>
 #include <platen/base/memory.h>
+#include <platen/tags/values.h>
 #include <platen/tiff/TiffCopy.h>
 
 #include "tests/memory/failing_allocator.h"
@@ -182,6 +183,26 @@ TEST(FailingMemory, ACopyIsLeftHalfDone) {
     });
     EXPECT_GT(refused, 5) << "too few allocations were made to fail";
     EXPECT_EQ(std::ranges::count(copies, whole), std::ssize(copies)) << "a value got lost";
+}
+
+TEST(FailingMemory, ATagsValueIsCutShort) {
+    const platen::TagInfo& tag = *platen::FindTag("SampleFormat");
+    const std::string text = "Unsigned integer, Complex floating point, Signed integer, 9";
+    int failures = 0;
+    FailInTurn([&] {
+        platen::test::g_failure.throwing = true;
+        const platen::ParsedValue parsed = platen::ParseValue(tag, text);
+        const std::string formatted =
+            platen::FormatValue(parsed.value.View(), &tag, {.words = true});
+        const Failure armed = std::exchange(platen::test::g_failure, {});
+        const bool isParsed = parsed.problem.empty();
+        EXPECT_TRUE(isParsed || (armed.happened && parsed.problem == "out of memory"));
+        EXPECT_EQ(parsed.value.bytes.size(), isParsed ? 8U : 0U);
+        EXPECT_TRUE(formatted == text || (armed.happened && formatted.empty())) << formatted;
+        platen::test::g_failure.happened = armed.happened;
+        failures += armed.happened ? 1 : 0;
+    });
+    EXPECT_GT(failures, 20) << "too few allocations were made to fail";
 }
 
 TEST(FailingMemory, AnObjectIsHalfBuilt) {
