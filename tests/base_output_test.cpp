@@ -1,3 +1,8 @@
+#include <cstring>
+#include <utility>
+
+#include <platen/platform/win32.h>
+
 #include "tests/output_writing.h"
 
 namespace {
@@ -50,6 +55,43 @@ TEST_F(Output, AFailureIsForgottenByALaterStep) {
         EXPECT_FALSE(output.HasName());
     }
     EXPECT_THAT(Names(), ElementsAre("folder"));
+}
+
+std::string Read(void* file) {
+    std::string bytes(16, '\0');
+    FILE_lseek(file, 0, 0);
+    bytes.resize(static_cast<std::size_t>(FILE_read(file, bytes.data(), 16)));
+    return bytes;
+}
+
+TEST_F(Output, WhoReadsWhatIsReplacedReadsOnInTheOldFile) {
+    Put("a.tif", "old");
+    Put("b.tif", "other");
+    for (const LONG mode : {OF_READ, OF_READWRITE}) {
+        void* reader = FILE_open(At("a.tif").c_str(), mode, nullptr);
+        void* another = FILE_open(At("a.tif").c_str(), mode, nullptr);
+        for (const char* bytes : {"new", "newer", "newest"}) {
+            OutputFile output;
+            ASSERT_TRUE(output.Create(At("a.tif").c_str()) &&
+                        output.Write(bytes, std::strlen(bytes)));
+            EXPECT_TRUE(output.Replaces(reader));
+            // Another one has it open the first time.
+            EXPECT_TRUE(mode == OF_READ ? output.Commit(reader) : output.CommitUnder(reader))
+                << output.Why().reason << output.Why().systemError;
+            FILE_close(std::exchange(another, FILE_none()));
+            EXPECT_TRUE(output.IsFollowed());
+            EXPECT_EQ(FILE_lseek(reader, 0, 1), 0);
+            EXPECT_EQ(Read(reader), bytes);
+        }
+        EXPECT_EQ(FILE_write(reader, "!", 1), mode == OF_READ ? -1 : 1);
+        EXPECT_EQ(Contents("a.tif"), mode == OF_READ ? "newest" : "newest!");
+        // Closed by other means, the handle has no say in what gets its value.
+        EXPECT_NE(CloseHandle(reader), FALSE);
+        void* other = FILE_open(At("b.tif").c_str(), OF_READ, nullptr);
+        EXPECT_EQ(Read(other), "other");
+        FILE_close(other);
+    }
+    EXPECT_THAT(Names(), ElementsAre("a.tif", "b.tif"));
 }
 
 TEST_F(Output, WhatAKillLeftStaysOrSomethingElseGoes) {

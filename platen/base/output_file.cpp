@@ -48,7 +48,7 @@ bool OutputFile::Replaces(void* file) const {
     return m_place != nullptr && m_place->Holds(file);
 }
 
-bool OutputFile::Commit(void* reader) {
+bool OutputFile::Commit(OutputReader& reader) {
     if (m_failure.reason != nullptr || m_file == FILE_none() ||
         !Good(m_place->Finish(m_file, reader))) {
         return false;
@@ -57,9 +57,21 @@ bool OutputFile::Commit(void* reader) {
     if (!Close()) {
         return Good({"the output could not be closed", SystemError()});
     }
-    m_hasName = Good(m_place->TakeName());
-    m_isFollowed = m_hasName && reader != FILE_none() && m_place->Follow(reader);
+    m_hasName = Good(m_place->TakeName(reader));
+    m_isFollowed = reader.isFollowing;
     return m_hasName && Good(m_place->FlushFolder());
+}
+
+bool OutputFile::Commit(void* reader) {
+    OutputReader staying = {.file = reader, .mayChange = false};
+    return Commit(staying);
+}
+
+bool OutputFile::CommitUnder(void*& reader) {
+    OutputReader changing = {.file = reader, .mayChange = true};
+    const bool isGood = Commit(changing);
+    reader = changing.file;
+    return isGood;
 }
 
 OutputNotes OutputFile::Notes() const {

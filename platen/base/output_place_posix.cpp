@@ -270,18 +270,19 @@ OutputFailure OutputPlace::CarryOver(void* file) {
     }
 }
 
-OutputFailure OutputPlace::Finish(void* file, void* reader) {
+OutputFailure OutputPlace::Finish(void* file, const OutputReader& reader) {
     State& state = *m_state;
     if (!state.isTaken) {
         return {};
     }
     // With the reader's access, while the permissions are still the temporary file's own.
-    const int flags = reader == FILE_none() ? 0 : fcntl(win32::DescriptorBehind(reader), F_GETFL);
-    if (reader != FILE_none() && flags >= 0) {
+    const bool isRead = reader.file != FILE_none();
+    const int flags = isRead ? fcntl(win32::DescriptorBehind(reader.file), F_GETFL) : 0;
+    if (isRead && flags >= 0) {
         state.following = win32::AdoptDescriptor(
             openat(state.folder.Number(), state.temporary.c_str(), (flags & O_ACCMODE) | kQuietly));
     }
-    if (reader != FILE_none() && state.following == FILE_none()) {
+    if (isRead && state.following == FILE_none()) {
         return BySystem(kOutputNotOpened);
     }
     const int number = win32::DescriptorBehind(file);
@@ -293,7 +294,7 @@ OutputFailure OutputPlace::Finish(void* file, void* reader) {
 }
 
 /// Nobody's file is replaced that appeared meanwhile, where the file system can see to that.
-OutputFailure OutputPlace::TakeName() {
+OutputFailure OutputPlace::TakeName(OutputReader& reader) {
     State& state = *m_state;
     const int folder = state.folder.Number();
     const char* const from = state.temporary.c_str();
@@ -306,16 +307,14 @@ OutputFailure OutputPlace::TakeName() {
         return BySystem(kOutputNotNamed);
     }
     state.temporary.clear();
-    return {};
-}
-
-bool OutputPlace::Follow(void* reader) {
-    if (GoOver(reader, m_state->following)) {
-        m_state->following = FILE_none();
-        return true;
+    if (reader.file != FILE_none()) {
+        reader.isFollowing = GoOver(reader.file, state.following);
+        state.following = reader.isFollowing ? FILE_none() : state.following;
     }
-    m_state->losses.Note(kNotFollowed);
-    return false;
+    if (reader.file != FILE_none() && !reader.isFollowing) {
+        state.losses.Note(kNotFollowed);
+    }
+    return {};
 }
 
 /// Some file systems have no such flush.

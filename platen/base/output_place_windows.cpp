@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include <platen/base/carried_over_windows.h>
 #include <platen/base/file_handles.h>
 #include <platen/base/file_names.h>
 #include <platen/base/files.h>
@@ -16,11 +17,6 @@ namespace platen {
 namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-/// What is carried over of a file's attributes before it is replaced; write protection is
-/// afterwards.
-constexpr DWORD kCarried =
-    FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-
 /// Closes with the object.
 class Opened {
   public:
@@ -81,12 +77,14 @@ struct OutputPlace::State {
     bool isTaken = false;
     BY_HANDLE_FILE_INFORMATION old = {};  ///< of what stands there
     std::wstring temporary = {};          ///< empty without one
-    DWORD followingAccess = GENERIC_READ;
+    DWORD readerAccess = GENERIC_READ;
 
     OutputFailure Examine(HANDLE there);
     [[nodiscard]] bool IsProtected() const;
     bool MakeAt(const std::wstring& candidate, void*& file);
-    bool Replace();
+    [[nodiscard]] bool Replace() const;
+    OutputFailure TakeName();
+    void GiveHandle(OutputReader& reader, bool isNew);
 };
 
 OutputPlace::OutputPlace(bool insists) : m_state(new State{.losses = OutputLosses(insists)}) {}
@@ -171,81 +169,104 @@ OutputFailure OutputPlace::MakeTemporary(void*& file) {
     return isMade ? OutputFailure{} : OutputFailure{kOutputIsBusy};
 }
 
-/// The replacement itself gives it streams and access lists.
-OutputFailure OutputPlace::CarryOver(void* /*file*/) {
-    const State& state = *m_state;
-    const DWORD attributes = state.old.dwFileAttributes & kCarried;
-    if (attributes != 0 && SetFileAttributesW(state.temporary.c_str(), attributes) == FALSE) {
-        return m_state->losses.Lose(kAttributesLost, SystemError());
+OutputFailure OutputPlace::CarryOver(void* file) {
+    State& state = *m_state;
+    if (!state.isTaken) {
+        return {};
     }
-    return {};
+    OutputFailure failure;
+    if (!CarryOwner(state.path, state.temporary)) {
+        failure = state.losses.Lose(kOwnerLost, SystemError());
+    }
+    if (failure.reason == nullptr && !(CarryAccessList(state.path, state.temporary) &&
+                                       CarryAttributes(state.old, state.temporary, file) &&
+                                       CarryStreams(state.path, state.temporary))) {
+        failure = state.losses.Lose(kAttributesLost, SystemError());
+    }
+    return failure;
 }
 
-OutputFailure OutputPlace::Finish(void* file, void* reader) {
+OutputFailure OutputPlace::Finish(void* file, const OutputReader& reader) {
     State& state = *m_state;
-    if (reader != FILE_none() && MayWrite(PlatformHandle(reader))) {
-        state.followingAccess |= GENERIC_WRITE;
+    if (reader.file != FILE_none() && MayWrite(PlatformHandle(reader.file))) {
+        state.readerAccess |= GENERIC_WRITE;
     }
     return !state.isTaken || FlushFileBuffers(file) != FALSE ? OutputFailure{}
                                                              : BySystem(kOutputNotFlushed);
 }
 
-/// Puts the temporary file in the place of what stands there.
-bool OutputPlace::State::Replace() {
+/// Puts the temporary file in the place of what stands there. The system does that in one step
+/// unless the file is open; if all who have it open agree, it is moved away first.
+bool OutputPlace::State::Replace() const {
+    constexpr DWORD kInOneStep = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     const wchar_t* const to = path.c_str();
     const wchar_t* const from = temporary.c_str();
-    if (ReplaceFileW(to, from, nullptr, 0, nullptr, nullptr) != FALSE) {
+    if (MoveFileExW(from, to, kInOneStep) != FALSE) {
+        return true;
+    }
+    if (!Opened(path, DELETE).IsOpen()) {
+        return false;
+    }
+    if (ReplaceFileW(to, from, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) !=
+        FALSE) {
         return true;
     }
     const DWORD error = GetLastError();
-    if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT || error == ERROR_FILE_NOT_FOUND) {
-        const bool isMoved = MoveFileExW(from, to, MOVEFILE_WRITE_THROUGH) != FALSE;
-        SetLastError(error);
-        return isMoved;
-    }
-    const bool isHeld = error == ERROR_SHARING_VIOLATION;
-    if (isHeld || !losses.Insists() ||
-        ReplaceFileW(to, from, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) ==
-            FALSE) {
-        SetLastError(error);
-        return false;
-    }
-    losses.Note(kAttributesLost.note);
-    return true;
+    const bool isGone = error == ERROR_UNABLE_TO_MOVE_REPLACEMENT;
+    const bool isMoved = isGone && MoveFileExW(from, to, kInOneStep) != FALSE;
+    SetLastError(error);
+    return isMoved;
 }
 
-OutputFailure OutputPlace::TakeName() {
-    State& state = *m_state;
-    const wchar_t* const to = state.path.c_str();
-    const bool isProtected = (state.old.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+OutputFailure OutputPlace::State::TakeName() {
+    const wchar_t* const to = path.c_str();
+    const bool isProtected = (old.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
     if (isProtected) {
-        SetFileAttributesW(to, state.old.dwFileAttributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+        SetFileAttributesW(to, old.dwFileAttributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
     }
     const bool isNamed =
-        state.isTaken ? state.Replace()
-                      : MoveFileExW(state.temporary.c_str(), to, MOVEFILE_WRITE_THROUGH) != FALSE;
+        isTaken ? Replace() : MoveFileExW(temporary.c_str(), to, MOVEFILE_WRITE_THROUGH) != FALSE;
     const OutputFailure failure = isNamed ? OutputFailure{} : BySystem(kOutputNotNamed);
-    if (isProtected && SetFileAttributesW(to, state.old.dwFileAttributes) == FALSE) {
-        state.losses.Note(kAttributesLost.note);
+    if (isProtected && SetFileAttributesW(to, old.dwFileAttributes) == FALSE) {
+        losses.Note(kAttributesLost.note);
     }
     // What stood there may be gone; then the temporary file is all that is left.
     if (isNamed || failure.systemError == ERROR_UNABLE_TO_MOVE_REPLACEMENT) {
-        state.temporary.clear();
+        temporary.clear();
     }
     return failure;
 }
 
-bool OutputPlace::Follow(void* reader) {
-    HANDLE following = CreateFileW(m_state->path.c_str(), m_state->followingAccess, kShareAll,
-                                   nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (following != INVALID_HANDLE_VALUE && GoOver(reader, following)) {
-        return true;
+/// Opens what has the name. A handle that may change was closed, and gets one of the old file too.
+void OutputPlace::State::GiveHandle(OutputReader& reader, bool isNew) {
+    HANDLE opened = CreateFileW(path.c_str(), readerAccess, kShareAll, nullptr, OPEN_EXISTING,
+                                FILE_ATTRIBUTE_NORMAL, nullptr);
+    const bool isOpen = opened != INVALID_HANDLE_VALUE;
+    if (reader.mayChange) {
+        reader.file = opened;
+        reader.isFollowing = isNew && isOpen;
+    } else {
+        reader.isFollowing = isOpen && GoOver(reader.file, opened);
+        if (isOpen && !reader.isFollowing) {
+            CloseHandle(opened);
+        }
     }
-    if (following != INVALID_HANDLE_VALUE) {
-        CloseHandle(following);
+    if (isNew && !reader.isFollowing) {
+        losses.Note(kNotFollowed);
     }
-    m_state->losses.Note(kNotFollowed);
-    return false;
+}
+
+OutputFailure OutputPlace::TakeName(OutputReader& reader) {
+    const bool isRead = reader.file != FILE_none();
+    if (isRead && reader.mayChange) {
+        EndHandle(reader.file);
+    }
+    const OutputFailure failure = m_state->TakeName();
+    const bool isNamed = failure.reason == nullptr;
+    if (isRead && (isNamed || reader.mayChange)) {
+        m_state->GiveHandle(reader, isNamed);
+    }
+    return failure;
 }
 
 /// The system keeps the order of such changes itself.

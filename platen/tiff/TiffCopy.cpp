@@ -192,13 +192,24 @@ TiffCopy::Result TiffCopy::Save(const char* name, short format, const Options& o
         return {written->m_Status == -4 ? Outcome::NoMemory : Outcome::OutputFailed, -1,
                 "the output could not be read"};
     }
-    const bool saved = output.Commit(written ? m_hFile : FILE_none());
+    const bool saved = written ? Follow(output, options.file) : output.Commit();
     if (output.IsFollowed()) {
         Become(*written);
     }
     result = saved ? Result{} : platen::tiff::FailureOf(output);
     result.notes = output.Notes();
     return result;
+}
+
+/// Ends an output that replaces the file being read.
+bool TiffCopy::Follow(platen::OutputFile& output, void** file) {
+    if (file == nullptr || *file != m_hFile) {
+        return output.Commit(m_hFile);
+    }
+    const bool saved = output.CommitUnder(m_hFile);
+    m_ReadWhole = m_hFile != FILE_none();
+    *file = m_hFile;
+    return saved;
 }
 
 /// Takes over what another object has read, but for its handle and report.
@@ -212,4 +223,5 @@ void TiffCopy::Become(TiffCopy& other) {
     std::swap(m_Format, other.m_Format);
     std::swap(m_Version, other.m_Version);
     std::swap(m_TotalEntries, other.m_TotalEntries);
+    std::swap(m_DirectoriesMet, other.m_DirectoriesMet);
 }
