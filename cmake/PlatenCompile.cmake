@@ -22,6 +22,9 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86")
     target_compile_options(platen_compile INTERFACE -msse2 -mfpmath=sse)
 endif()
 
+include(PlatenHarden)
+platen_harden(platen_compile)
+
 if(PLATEN_SANITIZE)
     add_compile_options(-fsanitize=${PLATEN_SANITIZE} -fno-sanitize-recover=all
         -fno-omit-frame-pointer)

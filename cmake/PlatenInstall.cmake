@@ -22,12 +22,14 @@ install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/platenConfigVersion.cmake
     DESTINATION ${package_folder})
 
-# platen_pkg_config(NAME LIBRARY DESCRIPTION [REQUIRES])
-function(platen_pkg_config name library description)
+# platen_pkg_config(NAME LIBRARIES DESCRIPTION [REQUIRES])
+function(platen_pkg_config name libraries description)
+    list(TRANSFORM libraries PREPEND -l)
+    list(JOIN libraries " " libraries)
     file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
     set(requires ${ARGN})
     set(definitions)
-    if(WIN32 AND library STREQUAL platen)
+    if(WIN32 AND name STREQUAL platen)
         set(definitions " -DPLATEN_SHARED")
     endif()
     configure_file(${PROJECT_SOURCE_DIR}/cmake/package.pc.in
@@ -37,6 +39,12 @@ function(platen_pkg_config name library description)
 endfunction()
 
 if(PLATEN_SHARED_LIBRARY)
-    platen_pkg_config(platen platen "${PROJECT_DESCRIPTION}" netcdf)
+    # The DLL's netCDF entries lead on to a DLL that nobody links.
+    set(requires netcdf)
+    if(WIN32)
+        set(requires)
+    endif()
+    platen_pkg_config(platen platen "${PROJECT_DESCRIPTION}" ${requires})
 endif()
-platen_pkg_config(platen-core platen_core "The TIFF engine and base services of platen, static")
+set(core platen_core ${PLATEN_GUARD_LIBRARY})
+platen_pkg_config(platen-core "${core}" "The TIFF engine and base services of platen, static")
