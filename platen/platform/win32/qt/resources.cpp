@@ -25,7 +25,7 @@ Templates& RegisteredTemplates() {
 /// An identifier's key is what "#5" means in Win32 too.
 std::string KeyOf(LPCSTR name) {
     if (IS_INTRESOURCE(name)) {
-        return "#" + std::to_string(reinterpret_cast<ULONG_PTR>(name));
+        return std::to_string(reinterpret_cast<ULONG_PTR>(name)).insert(0, 1, '#');
     }
     std::string key = name;
     std::ranges::transform(key, key.begin(), [](unsigned char character) {
