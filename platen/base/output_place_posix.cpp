@@ -8,9 +8,9 @@
 #include <climits>
 #include <cstdio>
 #include <string>
-#include <utility>
 
 #include <platen/base/carried_over_posix.h>
+#include <platen/base/descriptor_posix.h>
 #include <platen/base/file_handles.h>
 #include <platen/base/files.h>
 #include <platen/base/output_losses.h>
@@ -22,29 +22,6 @@ namespace platen {
 namespace {
 
 constexpr int kQuietly = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-
-/// Closes with the object; -1 is none.
-class Descriptor {
-  public:
-    Descriptor() = default;
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor() {
-        if (m_number >= 0) {
-            close(m_number);
-        }
-    }
-    Descriptor(Descriptor&& other) noexcept : m_number(other.Release()) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        std::swap(m_number, other.m_number);
-        return *this;
-    }
-    [[nodiscard]] int Number() const { return m_number; }
-    [[nodiscard]] bool IsOpen() const { return m_number >= 0; }
-    int Release() { return std::exchange(m_number, -1); }
-
-  private:
-    int m_number = -1;
-};
 
 OutputFailure BySystem(const char* reason) {
     return {reason, errno};
