@@ -32,7 +32,7 @@ TEST(CliErrors, ASystemsReasonIsMissing) {
     EXPECT_EQ(Platen({"info", "/no/such.tif"}).err,
               "platen: /no/such.tif: could not be opened: No such file or directory (status 0)\n");
     EXPECT_EQ(Platen({"dump", "/"}).err,
-              "platen: /: read failure or inconsistent file: Is a directory (status -3)\n");
+              "platen: /: could not be opened: Is a directory (status 0)\n");
     const TemporaryFile good(FullAndReduced(Order::Intel));
     EXPECT_THAT(Platen({"blank", good.Path(), "/no/such/out.tif"}).err,
                 HasSubstr("could not be created: No such file or directory"));

@@ -1,84 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdint>
-#include <random>
+#include <atomic>
+#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include <platen/platform/win32.h>
-
-#include "tests/platform_reading.h"
+#include "tests/platform_model.h"
 
 namespace {
 
 using namespace platen::test;
-
-/// A handle and what the file must hold, through many reads, writes and seeks.
-class Model {
-  public:
-    Model(HFILE file, std::string bytes, unsigned seed)
-        : m_file(file), m_bytes(std::move(bytes)), m_random(seed) {}
-
-    void Seek() {
-        const auto end = static_cast<LONG>(m_bytes.size());
-        LONG target = static_cast<LONG>(m_random() % (m_bytes.size() + 5000));
-        if (m_random() % 2 == 0) {  // a neighbour, forwards or backwards
-            target = std::max<LONG>(0, m_position + static_cast<LONG>(m_random() % 9000) - 4500);
-        }
-        const auto origin = static_cast<int>(m_random() % 40 == 0 ? 2 : m_random() % 2);
-        const LONG bases[] = {0, m_position, end};
-        ASSERT_EQ(_llseek(m_file, target - bases[origin], origin), target);
-        m_position = target;
-    }
-
-    void Read() {
-        const std::size_t at = std::min(m_bytes.size(), static_cast<std::size_t>(m_position));
-        const std::string expected = m_bytes.substr(at, Size());
-        ASSERT_TRUE(ReadFrom(m_file, static_cast<UINT>(m_size)) == expected)
-            << m_size << " bytes at " << m_position;
-        m_position += static_cast<LONG>(expected.size());
-    }
-
-    void Write() {
-        const std::string piece = RandomBytes(std::clamp<std::size_t>(Size(), 1, 3000), m_seed++);
-        ASSERT_EQ(_lwrite(m_file, piece.data(), static_cast<UINT>(piece.size())), piece.size());
-        const auto at = static_cast<std::size_t>(m_position);
-        m_bytes.resize(std::max(m_bytes.size(), at + piece.size()));
-        m_bytes.replace(at, piece.size(), piece);
-        m_position += static_cast<LONG>(piece.size());
-    }
-
-    void Run(int steps, bool writes) {
-        for (int i = 0; i < steps && !testing::Test::HasFatalFailure(); ++i) {
-            const auto choice = m_random() % 8;
-            if (choice < 3) {
-                Seek();
-            } else if (choice == 3 && writes) {
-                Write();
-            } else {
-                Read();
-            }
-        }
-    }
-
-    [[nodiscard]] const std::string& Expected() const { return m_bytes; }
-
-  private:
-    std::size_t Size() {
-        constexpr std::size_t kSizes[] = {0,   1,    2,    4,     12,    12,
-                                          100, 4095, 5000, 65535, 70000, 140000};
-        return m_size = kSizes[m_random() % std::size(kSizes)];
-    }
-
-    HFILE m_file;
-    std::string m_bytes;
-    std::minstd_rand m_random;
-    unsigned m_seed = 1;
-    LONG m_position = 0;
-    std::size_t m_size = 0;
-};
 
 TEST(Files, AWindowShowsOtherBytesThanTheFile) {
     for (const std::size_t size : {0U, 1U, 4096U, 65536U, 300001U}) {
@@ -106,6 +38,74 @@ TEST(Files, ASeekFromTheEndKeepsWhatOthersHaveReplaced) {
     EXPECT_EQ(ReadFrom(opened.handle, 20000), std::string(5000, 'c'));
 }
 
+std::string ReadAt(HFILE file, LONG position, UINT count) {
+    _llseek(file, position, 0);
+    return ReadFrom(file, count);
+}
+
+void WriteAt(HFILE file, LONG position, const std::string& bytes) {
+    _llseek(file, position, 0);
+    EXPECT_EQ(_lwrite(file, bytes.data(), static_cast<UINT>(bytes.size())), bytes.size());
+}
+
+TEST(Files, AChangeThroughAnotherHandleGoesUnseen) {
+    const TemporaryFile file(std::string(200000, 'a'));
+    const OpenedFile reader(file, OF_READ);
+    const OpenedFile both(file, OF_READWRITE);
+    const OpenedFile writer(file, OF_WRITE);
+    for (const LONG place : {0, 4090, 70000, 199990}) {
+        for (const HFILE handle : {reader.handle, both.handle}) {
+            ASSERT_EQ(ReadAt(handle, place, 10), "aaaaaaaaaa");
+        }
+        WriteAt(writer.handle, place + 3, "bcd");
+        EXPECT_EQ(ReadAt(reader.handle, place, 10), "aaabcdaaaa") << place;
+        EXPECT_EQ(ReadAt(both.handle, place, 10), "aaabcdaaaa") << place;
+        WriteAt(both.handle, place + 2, "xy");
+        EXPECT_EQ(ReadAt(reader.handle, place, 10), "aaxycdaaaa") << place;
+        EXPECT_EQ(ReadAt(both.handle, place, 10), "aaxycdaaaa") << "its own";
+    }
+    WriteAt(writer.handle, 200000, "more");
+    EXPECT_EQ(ReadAt(reader.handle, 199998, 10), "aamore");
+    const HFILE created = _lcreat(file.Name(), 0);
+    EXPECT_EQ(ReadAt(reader.handle, 0, 10), "") << "the file begins anew";
+    WriteAt(created, 0, "new");
+    EXPECT_EQ(ReadAt(both.handle, 0, 10), "new");
+    CloseHandle(AsHandle(created));
+}
+
+TEST(Files, AThreadReadsWhatAnotherHasReplaced) {
+    constexpr int kLast = 250;
+    const TemporaryFile file(std::string(5000, '\0'));
+    std::atomic<int> written = 0;
+    std::atomic<int> stale = 0;
+    std::atomic<int> begun = 0;
+    std::vector<std::thread> readers;
+    for (int i = 0; i < 3; ++i) {
+        readers.emplace_back([&] {
+            const OpenedFile opened(file, OF_READ);
+            ReadAt(opened.handle, 4000, 1);
+            ++begun;
+            for (int least = 0; least < kLast;) {
+                least = written;
+                const std::string byte = ReadAt(opened.handle, 4000, 1);
+                stale += byte.empty() || static_cast<unsigned char>(byte[0]) < least ? 1 : 0;
+            }
+        });
+    }
+    const OpenedFile opened(file, OF_WRITE);
+    while (begun < 3) {
+        std::this_thread::yield();
+    }
+    for (int i = 1; i <= kLast; ++i) {
+        WriteAt(opened.handle, 4000, std::string(1, static_cast<char>(i)));
+        written = i;
+    }
+    for (std::thread& reader : readers) {
+        reader.join();
+    }
+    EXPECT_EQ(stale, 0);
+}
+
 TEST(Files, ABadHandleOrNameIsTakenForAFile) {
     const TemporaryFile file("abc");
     const HFILE closed = _lopen(file.Name(), OF_READ);
@@ -122,6 +122,11 @@ TEST(Files, ABadHandleOrNameIsTakenForAFile) {
     EXPECT_EQ(_lopen(nullptr, OF_READ), HFILE_ERROR);
     EXPECT_EQ(_lopen("/nonexistent/file", OF_READ), HFILE_ERROR);
     EXPECT_EQ(_lcreat("/nonexistent/file", 0), HFILE_ERROR);
+    const std::string folder = std::filesystem::temp_directory_path().string();
+    for (const int mode : {OF_READ, OF_WRITE, OF_READWRITE, 0x40}) {
+        EXPECT_EQ(_lopen(folder.c_str(), mode), HFILE_ERROR) << "a folder, mode " << mode;
+    }
+    EXPECT_EQ(_lcreat(folder.c_str(), 0), HFILE_ERROR);
 }
 
 TEST(Files, AccessDiffersFromTheModeOrAnOpenTruncates) {

@@ -1,5 +1,8 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <limits>
@@ -42,6 +45,29 @@ TEST(Files, ANumberIsTakenForAHandleOrAnUnknownModeForAKnownOne) {
         EXPECT_EQ(CloseHandle(AsHandle(bad)), FALSE) << bad;
     }
     EXPECT_EQ(_lopen(file.Name(), 3), HFILE_ERROR);
+}
+
+/// A handle that is no standard stream, and is closed when another program starts.
+bool IsBehindStreams(HFILE file) {
+    return file > STDERR_FILENO && (fcntl(file, F_GETFD) & FD_CLOEXEC) != 0;
+}
+
+TEST(Files, AFileTakesThePlaceOfAClosedStream) {
+    const TemporaryFile file("abc");
+    const pid_t child = fork();
+    if (child == 0) {
+        close(STDIN_FILENO);
+        close(STDOUT_FILENO);
+        const HFILE opened = _lopen(file.Name(), OF_READ);
+        const HFILE created = _lcreat((file.Path() + ".new").c_str(), 0);
+        const bool good = IsBehindStreams(opened) && IsBehindStreams(created) &&
+                          ReadFrom(opened, 9) == "abc" && fcntl(STDIN_FILENO, F_GETFD) == -1 &&
+                          fcntl(STDOUT_FILENO, F_GETFD) == -1;
+        _exit(unlink((file.Path() + ".new").c_str()) == 0 && good ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
 }
 
 TEST(Files, HandlesAboveAThousandShareOrLoseTheirPositions) {

@@ -1,11 +1,13 @@
 #include <platen/platform/win32/file_windows.h>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
 #include <cstring>
+
+#include <platen/platform/win32/uninterrupted.h>
 
 namespace platen::win32 {
 namespace {
@@ -15,15 +17,17 @@ constexpr std::size_t kLargest = 65536;
 /// From here on a second copy costs more than a call.
 constexpr std::size_t kDirect = 16384;
 
+/// Changes by file. Files share a count by chance, which costs a window and no more.
+constexpr std::size_t kChangeCounts = 1021;
+constinit std::array<ChangeCount, kChangeCounts> g_changes{};
+
 ssize_t ReadAt(int descriptor, void* buffer, std::size_t count, off_t position) {
-    ssize_t got = 0;
-    do {
-        got = pread(descriptor, buffer, count, position);
-    } while (got < 0 && errno == EINTR);
-    return got;
+    return Uninterrupted([&] { return pread(descriptor, buffer, count, position); });
 }
 
 }  // namespace
+
+constinit ChangeCount g_allChanges{0};
 
 FileWindows::~FileWindows() {
     for (Window& window : m_windows) {
@@ -36,8 +40,13 @@ bool FileWindows::Window::IsBeside(off_t position) const {
     return size != 0 && position >= start - length && position < start + 2 * length;
 }
 
-/// Reads what goes beyond the window used last.
-ssize_t FileWindows::ReadOn(int descriptor, off_t position, void* buffer, std::size_t count) {
+bool FileWindows::Window::IsShortOf(off_t position) const {
+    const auto into = static_cast<std::uint64_t>(position - start);
+    return filled != 0 && into >= filled && into < size;
+}
+
+ssize_t FileWindows::Read(int descriptor, off_t position, void* buffer, std::size_t count) {
+    CatchUp(descriptor);
     auto* out = static_cast<std::byte*>(buffer);
     std::size_t done = 0;
     while (done < count) {
@@ -81,9 +90,39 @@ FileWindows::Window* FileWindows::Find(off_t position) {
     return nullptr;
 }
 
-/// Null when the read failed or memory is exhausted; a window without the position's byte when the
-/// file ends before it.
+/// Reads on until a window holds the position's byte, which one call need not bring. Null when the
+/// read failed or memory is exhausted; a window without that byte when the file ends before it.
 FileWindows::Window* FileWindows::Fill(int descriptor, off_t position) {
+    Window* window = Place(position);
+    if (window == nullptr) {
+        return nullptr;
+    }
+    const auto wanted = static_cast<std::size_t>(position - window->start) + 1;
+    while (window->filled < wanted) {
+        const ssize_t got =
+            ReadAt(descriptor, window->bytes + window->filled, window->size - window->filled,
+                   window->start + static_cast<off_t>(window->filled));
+        if (got < 0) {
+            return nullptr;
+        }
+        if (got == 0) {
+            break;
+        }
+        window->filled += static_cast<std::size_t>(got);
+    }
+    window->used = ++m_clock;
+    m_last = static_cast<std::size_t>(window - m_windows.data());
+    return window;
+}
+
+/// The window that is to hold the position's byte: one that was not read so far, or an empty one.
+/// Null when memory is exhausted.
+FileWindows::Window* FileWindows::Place(off_t position) {
+    Window* begun = std::ranges::find_if(
+        m_windows, [position](const Window& window) { return window.IsShortOf(position); });
+    if (begun != m_windows.end()) {
+        return begun;
+    }
     const std::size_t size = SizeFor(position);
     Window& window = LeastRecentlyUsed();
     window.size = 0;
@@ -97,14 +136,7 @@ FileWindows::Window* FileWindows::Fill(int descriptor, off_t position) {
         return nullptr;
     }
     window.start = position - position % static_cast<off_t>(size);
-    const ssize_t got = ReadAt(descriptor, window.bytes, size, window.start);
-    if (got < 0) {
-        return nullptr;
-    }
     window.size = size;
-    window.filled = static_cast<std::size_t>(got);
-    window.used = ++m_clock;
-    m_last = static_cast<std::size_t>(&window - m_windows.data());
     return &window;
 }
 
@@ -124,7 +156,43 @@ FileWindows::Window& FileWindows::LeastRecentlyUsed() {
         [](const Window& left, const Window& right) { return left.used < right.used; });
 }
 
-void FileWindows::Drop(off_t position, std::size_t count) {
+/// Which file it is is asked when it first matters: most handles only read, and nobody writes.
+ChangeCount& FileWindows::OwnChanges(int descriptor) {
+    if (m_ownChanges == nullptr) {
+        struct stat status = {};
+        fstat(descriptor, &status);  // what cannot be asked shares a count with others of its kind
+        const auto file = static_cast<std::uint64_t>(status.st_ino) + 31 * status.st_dev;
+        m_ownChanges = &g_changes[static_cast<std::size_t>(file % kChangeCounts)];
+        // Which changes came before what the windows hold was not noted.
+        DropAll();
+        m_seenOfOwn = m_ownChanges->load(std::memory_order_acquire);
+    }
+    return *m_ownChanges;
+}
+
+/// Drops the windows when the file was changed since. The counts are noted before anything is read:
+/// a change that comes meanwhile is then one that was not seen.
+void FileWindows::CatchUp(int descriptor) {
+    const std::size_t all = g_allChanges.load(std::memory_order_acquire);
+    if (all == m_seenOfAll) {
+        return;
+    }
+    const std::size_t own = OwnChanges(descriptor).load(std::memory_order_acquire);
+    if (own != m_seenOfOwn) {
+        DropAll();
+    }
+    m_seenOfOwn = own;
+    m_seenOfAll = all;
+}
+
+void FileWindows::Changed(int descriptor, off_t position, std::size_t count) {
+    // Windows that took account of all changes before go on doing so: what is new is dropped here.
+    if (OwnChanges(descriptor).fetch_add(1, std::memory_order_acq_rel) == m_seenOfOwn) {
+        ++m_seenOfOwn;
+    }
+    if (g_allChanges.fetch_add(1, std::memory_order_acq_rel) == m_seenOfAll) {
+        ++m_seenOfAll;
+    }
     for (Window& window : m_windows) {
         const off_t end = position + static_cast<off_t>(count);
         if (position < window.start + static_cast<off_t>(window.size) && end > window.start) {
@@ -137,6 +205,11 @@ void FileWindows::DropAll() {
     for (Window& window : m_windows) {
         window.filled = 0;
     }
+}
+
+void FileWindows::Restart() {
+    DropAll();
+    m_ownChanges = nullptr;
 }
 
 }  // namespace platen::win32

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <new>
@@ -16,10 +17,12 @@
 
 #include <platen/platform/win32/descriptors.h>
 #include <platen/platform/win32/file_windows.h>
+#include <platen/platform/win32/uninterrupted.h>
 
 namespace {
 
 using platen::win32::FileWindows;
+using platen::win32::Uninterrupted;
 
 struct OpenFile {
     off_t position = 0;
@@ -103,13 +106,53 @@ HFILE Add(int descriptor, std::unique_ptr<OpenFile> state) {
     return descriptor;
 }
 
+/// Closes a descriptor that is not needed; the reason stays that of what failed before.
+void Discard(int descriptor) {
+    const int reason = errno;
+    close(descriptor);
+    errno = reason;
+}
+
+/// No file takes a standard stream's place, not even where that is closed: what the process prints
+/// would go into the file, and 0 as a handle passes for none.
+int BehindStreams(int descriptor) {
+    if (descriptor < 0 || descriptor > STDERR_FILENO) {
+        return descriptor;
+    }
+    const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    Discard(descriptor);
+    return moved;
+}
+
 /// O_NONBLOCK keeps an open of a pipe without a writer from waiting; it changes nothing for files.
+int OpenDescriptor(LPCSTR name, int flags, mode_t permissions) {
+    return BehindStreams(Uninterrupted(
+        [&] { return open(name, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, permissions); }));
+}
+
+/// The system opens a folder for reading, and then refuses to read. That is asked first: for a file
+/// it is the cheaper question, and the only one.
+bool IsFolder(int descriptor, int flags) {
+    char none = 0;
+    struct stat status = {};
+    if ((flags & O_ACCMODE) != O_RDONLY || pread(descriptor, &none, 0, 0) >= 0 ||
+        fstat(descriptor, &status) != 0 || !S_ISDIR(status.st_mode)) {
+        return false;
+    }
+    errno = EISDIR;
+    return true;
+}
+
 HFILE Open(LPCSTR name, int flags, mode_t permissions) {
     std::unique_ptr<OpenFile> state(new (std::nothrow) OpenFile);
     if (name == nullptr || state == nullptr) {
         return HFILE_ERROR;
     }
-    const int descriptor = open(name, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, permissions);
+    const int descriptor = OpenDescriptor(name, flags, permissions);
+    if (descriptor >= 0 && IsFolder(descriptor, flags)) {
+        Discard(descriptor);
+        return HFILE_ERROR;
+    }
     return descriptor < 0 ? HFILE_ERROR : Add(descriptor, std::move(state));
 }
 
@@ -127,14 +170,41 @@ LONG MoveTo(OpenFile& state, std::int64_t target) {
     return end < 0 ? HFILE_ERROR : MoveTo(state, end + offset);
 }
 
+/// Not laid out in place, so that reading what is held stays short there.
+[[gnu::noinline]] UINT ReadOn(HFILE file, OpenFile& state, LPVOID buffer, UINT count) {
+    const ssize_t got = state.windows.Read(file, state.position, buffer, count);
+    if (got < 0) {
+        return kFailed;
+    }
+    state.position += got;
+    return static_cast<UINT>(got);
+}
+
+/// Writes on where a call took less than it was given. The number written; a failure behind some
+/// bytes is the next write's to tell.
+ssize_t WriteAt(int descriptor, const char* bytes, std::size_t count, off_t position) {
+    std::size_t done = 0;
+    do {
+        const ssize_t put = Uninterrupted([&] {
+            return pwrite(descriptor, bytes + done, count - done,
+                          position + static_cast<off_t>(done));
+        });
+        if (put <= 0) {
+            return done > 0 ? static_cast<ssize_t>(done) : put;
+        }
+        done += static_cast<std::size_t>(put);
+    } while (done < count);
+    return static_cast<ssize_t>(done);
+}
+
 }  // namespace
 
 namespace platen::win32 {
 
 HANDLE AdoptDescriptor(int descriptor) {
-    return HandleOf(descriptor < 0
-                        ? HFILE_ERROR
-                        : Add(descriptor, std::unique_ptr<OpenFile>(new (std::nothrow) OpenFile)));
+    const int file = BehindStreams(descriptor);
+    return HandleOf(file < 0 ? HFILE_ERROR
+                             : Add(file, std::unique_ptr<OpenFile>(new (std::nothrow) OpenFile)));
 }
 
 int DescriptorBehind(HANDLE file) {
@@ -146,7 +216,7 @@ bool MoveHandle(HANDLE file, int descriptor) {
     if (state == nullptr || dup3(descriptor, DescriptorOf(file), O_CLOEXEC) < 0) {
         return false;
     }
-    state->windows.DropAll();
+    state->windows.Restart();
     state->position = 0;
     return true;
 }
@@ -156,11 +226,17 @@ bool MoveHandle(HANDLE file, int descriptor) {
 HFILE _lcreat(LPCSTR name, int attribute) {
     const mode_t permissions = (attribute & FILE_ATTRIBUTE_READONLY) != 0 ? 0444 : 0666;
     const HFILE file = Open(name, O_RDWR | O_CREAT, permissions);
-    // What was there goes only when nothing can fail any more. What is no file has no size.
-    if (file >= 0 && ftruncate(file, 0) != 0 && errno != EINVAL) {
-        CloseHandle(HandleOf(file));
+    if (file < 0) {
         return HFILE_ERROR;
     }
+    // What was there goes only when nothing can fail any more. What is no file has no size.
+    if (Uninterrupted([file] { return ftruncate(file, 0); }) != 0 && errno != EINVAL) {
+        const int reason = errno;
+        CloseHandle(HandleOf(file));
+        errno = reason;
+        return HFILE_ERROR;
+    }
+    g_files.Find(file)->windows.Changed(file, 0, 0);
     return file;
 }
 
@@ -175,12 +251,13 @@ UINT _lread(HFILE file, LPVOID buffer, UINT count) {
     if (state == nullptr) {
         return kFailed;
     }
-    const ssize_t got = state->windows.Read(file, state->position, buffer, count);
-    if (got < 0) {
-        return kFailed;
+    const std::byte* held = state->windows.Held(state->position, count);
+    if (held == nullptr) {
+        return ReadOn(file, *state, buffer, count);
     }
-    state->position += got;
-    return static_cast<UINT>(got);
+    std::memcpy(buffer, held, count);
+    state->position += count;
+    return count;
 }
 
 UINT _lwrite(HFILE file, LPCSTR buffer, UINT count) {
@@ -188,14 +265,11 @@ UINT _lwrite(HFILE file, LPCSTR buffer, UINT count) {
     if (state == nullptr) {
         return kFailed;
     }
-    ssize_t put = 0;
-    do {
-        put = pwrite(file, buffer, count, state->position);
-    } while (put < 0 && errno == EINTR);
+    const ssize_t put = WriteAt(file, buffer, count, state->position);
     if (put < 0) {
         return kFailed;
     }
-    state->windows.Drop(state->position, static_cast<std::size_t>(put));
+    state->windows.Changed(file, state->position, static_cast<std::size_t>(put));
     state->position += put;
     return static_cast<UINT>(put);
 }

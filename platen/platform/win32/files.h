@@ -7,9 +7,11 @@
 ///
 /// Contract: a handle has a position of its own, kept in the process, so that a seek costs no
 /// system call. Reads are served from a few cached windows of the file; writes go straight through,
-/// in order, so that a failed write is reported by that write, and they drop the windows that they
-/// touch. A seek from the end asks the system for the size and drops all windows: what others wrote
-/// is seen from then on. A file cut short by someone else reads as ended.
+/// in order, so that a failed write is reported by that write. Reads through any handle see what
+/// this process wrote through another one before. A seek from the end asks the system for the size
+/// and drops all windows: what other processes wrote is seen from then on. A file cut short by
+/// someone else reads as ended. A transfer goes on until all bytes are through, the file ends or
+/// there is a failure. A folder does not open. No handle is 0, 1 or 2.
 /// Known gaps: positions end at 2 GiB - 1, a seek beyond answers -1 and moves nothing; sharing bits
 /// are ignored; a pipe opens but neither reads nor seeks.
 /// Threads: different handles may be used by different threads.
