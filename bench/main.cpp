@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <bench/access_cases.h>
+#include <bench/hostile_cases.h>
 #include <bench/processes.h>
 #include <bench/ratios.h>
 #include <bench/readers.h>
@@ -111,10 +112,12 @@ int RunCases(std::vector<char*> arguments) {
     std::vector<Case> cases = RegisterAll(scratch);
     std::ranges::copy(RegisterWriters(scratch), std::back_inserter(cases));
     RegisterAccess();
+    RegisterHostile(scratch);
     MedianKeeper medians;
     benchmark::RunSpecifiedBenchmarks(&medians);
     PrintRatios(cases, medians);
     PrintAccess(medians);
+    PrintHostile(medians);
     return 0;
 }
 

@@ -42,7 +42,7 @@ struct Offsets : Block {
     std::uint32_t* Record::*longs;
 };
 
-enum class Kind { Word, Long, Size, Ratio, Text, Pair, TwoRatios, SixRatios, Array, Offsets };
+enum class Store { Word, Long, Size, Ratio, Text, Pair, TwoRatios, SixRatios, Array, Offsets };
 using Member =
     std::variant<std::uint16_t Record::*, std::uint32_t Record::*, std::int32_t Record::*,
                  Rational Record::*, char * Record::*, std::uint16_t (Record::*)[2],
@@ -69,7 +69,7 @@ std::string Written(const Record& record, const Offsets& offsets) {
 }
 
 struct Row {
-    [[nodiscard]] Kind TheKind() const { return static_cast<Kind>(member.index()); }
+    [[nodiscard]] Store TheKind() const { return static_cast<Store>(member.index()); }
     [[nodiscard]] std::string Fresh() const {
         return unset.empty() ? kFresh[member.index()] : unset;
     }
@@ -155,20 +155,20 @@ Entry Characters(std::uint16_t tag, const std::string& bytes) {
 }
 
 /// Values of a lone entry that do not fit in it lie at 26.
-std::vector<Sample> NumberSamples(Kind kind, std::uint16_t tag, Order order) {
+std::vector<Sample> NumberSamples(Store kind, std::uint16_t tag, Order order) {
     const bool intel = order == Order::Intel;
     const std::string lowHalf = intel ? "3" : "40000";
-    if (kind == Kind::Word) {
+    if (kind == Store::Word) {
         return {{Shorts(tag, {3, 40000}), lowHalf, Datum(lowHalf)},
                 {Shorts(tag, {40000}), "40000", Datum("40000")},
                 {Shorts(tag, {7, 8, 9}), "26", Datum("26")}};
     }
-    if (kind == Kind::Long) {
+    if (kind == Store::Long) {
         return {{Longs(tag, {4000000000}), "4000000000", Datum("-294967296")},
                 {Longs(tag, {1, 2}), "26", Datum("26")},
                 {Word(tag, TIFF_LONG, 0, 0), "0", Datum("0")}};
     }
-    if (kind == Kind::Size) {
+    if (kind == Store::Size) {
         return {{Shorts(tag, {640}), "640", Datum("640")},
                 {Shorts(tag, {40000}), "-25536", Datum("40000")},
                 {Longs(tag, {70000}), "70000", Datum("70000")}};
@@ -180,15 +180,15 @@ std::vector<Sample> NumberSamples(Kind kind, std::uint16_t tag, Order order) {
              std::string("\r\n") + shifted + " \r\n"}};
 }
 
-std::vector<Sample> RatioSamples(Kind kind, std::uint16_t tag) {
+std::vector<Sample> RatioSamples(Store kind, std::uint16_t tag) {
     const Entry noRatios = Word(tag, TIFF_RATIONAL, 0, 0);
     const std::vector<Rational> seven = {{1, 2}, {3, 4}, {5, 6}, {7, 8}, {9, 1}, {2, 3}, {4, 5}};
-    if (kind == Kind::Ratio) {
+    if (kind == Store::Ratio) {
         return {{Rationals(tag, {{4000000000, 7}}), "4000000000/7", Datum("-294967296/7")},
                 {Rationals(tag, {{1, 2}, {3, 4}}), "1/2", Items({"1/2"})},
                 {noRatios, kNoRatio, Datum("-1/-1"), -4}};
     }
-    if (kind == Kind::TwoRatios) {
+    if (kind == Store::TwoRatios) {
         return {{Rationals(tag, {{1, 2}}), std::string(" 1/2 ") + kNoRatio, Datum("1/2")},
                 {Rationals(tag, seven), " 1/2 3/4", Items({"1/2", "3/4"})},
                 {noRatios, kTwoNoRatios, Datum("-1/-1"), -4}};
@@ -208,8 +208,8 @@ std::vector<Sample> TextSamples(std::uint16_t tag) {
             {Word(tag, TIFF_ASCII, 0, 26), "null", ""}};
 }
 
-std::vector<Sample> BlockSamples(Kind kind, std::uint16_t tag) {
-    const bool offsets = kind == Kind::Offsets;
+std::vector<Sample> BlockSamples(Store kind, std::uint16_t tag) {
+    const bool offsets = kind == Store::Offsets;
     const std::string end = offsets ? " | null" : "";
     std::vector<Sample> samples = {
         {Shorts(tag, {40000}), "1: 40000" + end, Datum("40000")},
@@ -224,14 +224,14 @@ std::vector<Sample> BlockSamples(Kind kind, std::uint16_t tag) {
     return samples;
 }
 
-std::vector<Sample> Samples(Kind kind, std::uint16_t tag, Order order) {
-    if (kind == Kind::Text) {
+std::vector<Sample> Samples(Store kind, std::uint16_t tag, Order order) {
+    if (kind == Store::Text) {
         return TextSamples(tag);
     }
-    if (kind == Kind::Array || kind == Kind::Offsets) {
+    if (kind == Store::Array || kind == Store::Offsets) {
         return BlockSamples(kind, tag);
     }
-    const bool ratios = kind == Kind::Ratio || kind >= Kind::TwoRatios;
+    const bool ratios = kind == Store::Ratio || kind >= Store::TwoRatios;
     return ratios ? RatioSamples(kind, tag) : NumberSamples(kind, tag, order);
 }
 
@@ -298,7 +298,7 @@ TEST(Tags, AnEntryOfAnotherTypeIsStored) {
                 const Entry entry = Word(row.tag, type, 1, 5);
                 const ReadTiff<> read = ReadEntry(Order::Intel, entry);
                 EXPECT_EQ(read.status, 1);
-                const bool counted = row.TheKind() == Kind::Offsets;
+                const bool counted = row.TheKind() == Store::Offsets;
                 EXPECT_EQ(row.Show(read.Record()), counted ? "1: null | null" : row.Fresh());
                 ExpectFresh(read.Record(), row.tag);
                 EXPECT_EQ(read.Report(), Report(Order::Intel, row.label, entry, ""));

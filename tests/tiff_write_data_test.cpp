@@ -21,7 +21,7 @@ Bytes Turned(Bytes bytes) {
     return bytes;
 }
 
-struct Image {
+struct Layout {
     std::uint32_t width, length;
     std::uint16_t samples, bits;
 
@@ -30,7 +30,7 @@ struct Image {
     }
 };
 
-std::vector<Entry> EntriesOf(const Image& image, const Entry& offsets) {
+std::vector<Entry> EntriesOf(const Layout& image, const Entry& offsets) {
     const Entry bits = Shorts(258, std::vector<std::uint32_t>(image.samples, image.bits));
     return {Longs(254, {0}), Longs(256, {image.width}),   Longs(257, {image.length}), bits,
             offsets,         Shorts(277, {image.samples})};
@@ -41,26 +41,26 @@ Bytes CopyOf(Tiff& tiff, short format) {
     return tiff.WriteCopy(copy.Name(), format) == 1 ? copy.Contents() : Bytes();
 }
 
-constexpr Image kImages[] = {{100, 50, 1, 8},    // one chunk
-                             {101, 1, 1, 8},     // an odd size
-                             {300, 200, 1, 16},  // 109 rows, then 91
-                             {300, 218, 1, 16},  // twice 109 rows
-                             {1000, 10, 3, 8},   // all rows fit
-                             {10, 600, 1, 8},    // more than 256 rows
-                             {65535, 4, 1, 8},   // the widest row that fits
-                             {65536, 3, 1, 8},   // the narrowest one that does not
-                             {40001, 3, 1, 16},  // pieces that must not cut a pixel
-                             {70001, 2, 3, 8},   //
-                             {1, 65536, 1, 16},  // more rows than 16 bits count
-                             {2, 70001, 1, 8},   //
-                             {50, 20, 2, 8},     // two bytes a pixel, hence turned
-                             {50, 20, 3, 16},    // six, hence not
-                             {50, 20, 1, 32},    //
-                             {50, 20, 1, 12},    // one and a half: counts as one
-                             {16, 16, 1, 1}};    // no whole byte: no area
+constexpr Layout kImages[] = {{100, 50, 1, 8},    // one chunk
+                              {101, 1, 1, 8},     // an odd size
+                              {300, 200, 1, 16},  // 109 rows, then 91
+                              {300, 218, 1, 16},  // twice 109 rows
+                              {1000, 10, 3, 8},   // all rows fit
+                              {10, 600, 1, 8},    // more than 256 rows
+                              {65535, 4, 1, 8},   // the widest row that fits
+                              {65536, 3, 1, 8},   // the narrowest one that does not
+                              {40001, 3, 1, 16},  // pieces that must not cut a pixel
+                              {70001, 2, 3, 8},   //
+                              {1, 65536, 1, 16},  // more rows than 16 bits count
+                              {2, 70001, 1, 8},   //
+                              {50, 20, 2, 8},     // two bytes a pixel, hence turned
+                              {50, 20, 3, 16},    // six, hence not
+                              {50, 20, 1, 32},    //
+                              {50, 20, 1, 12},    // one and a half: counts as one
+                              {16, 16, 1, 1}};    // no whole byte: no area
 
 TEST(WriteCopy, ImageDataIsCutMovedOrTurnedWrongly) {
-    for (const Image& image : kImages) {
+    for (const Layout& image : kImages) {
         for (const Order order : kOrders) {
             constexpr std::uint32_t kGap = 13;
             const Bytes pixels = Pattern(image.Size());
@@ -87,7 +87,7 @@ TEST(WriteCopy, ImageDataIsCutMovedOrTurnedWrongly) {
 }
 
 TEST(WriteNew, ImageDataIsNotZeroOrOfAnotherSize) {
-    for (const Image& image : kImages) {
+    for (const Layout& image : kImages) {
         Tiff tiff;
         tiff.ReAllocStdTiff();
         for (const short dir : std::vector<short>{0, 1}) {
@@ -103,8 +103,8 @@ TEST(WriteNew, ImageDataIsNotZeroOrOfAnotherSize) {
 }
 
 TEST(WriteCopy, ADirectorysImageIsTakenFromAnotherPlace) {
-    const Image wide = {40, 10, 1, 8};
-    const Image narrow = {30, 10, 1, 8};
+    const Layout wide = {40, 10, 1, 8};
+    const Layout narrow = {30, 10, 1, 8};
     const Bytes data = Pattern(2000);
     std::vector<Entry> untyped = EntriesOf(wide, Longs(273, {8}));
     untyped.erase(untyped.begin());
@@ -144,7 +144,7 @@ TEST(WriteCopy, ADirectorysImageIsTakenFromAnotherPlace) {
 }
 
 TEST(WriteCopy, AnImageThatEndsBeyondItsFileChangesTheLayout) {
-    const Image image = {300, 200, 1, 16};
+    const Layout image = {300, 200, 1, 16};
     const Bytes source =
         Build({.data = Pattern(70000), .directories = {{EntriesOf(image, Longs(273, {8}))}}});
     ReadTiff<> read(source);
@@ -162,12 +162,12 @@ TEST(WriteCopy, AnImageThatEndsBeyondItsFileChangesTheLayout) {
 /// Sizes that no file has count as none, and none of them lets a position wrap.
 TEST(WriteNew, AnImpossibleSizeReservesOrWritesSomething) {
     // clang-format off
-    const Image cases[] = {
+    const Layout cases[] = {
         {0xFFFFFFFF, 10, 1, 8}, {10, 0x80000000, 1, 8}, {0x7FFFFFFF, 1, 1, 8},
         {0x10000, 0x10000, 1, 8}, {0x7FFFFFFF, 0x7FFFFFFF, 65535, 65535}, {0, 10, 1, 8},
         {10, 10, 1, 0}};
     // clang-format on
-    for (const Image& c : cases) {
+    for (const Layout& c : cases) {
         Tiff tiff;
         SetImage(tiff, c.width, c.length, c.bits);
         SetNumber(tiff, 277, c.samples);

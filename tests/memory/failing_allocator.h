@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 namespace platen::test {
 
 /// Which of the coming allocations of this program fail: those of malloc, calloc, realloc and of
@@ -12,5 +14,14 @@ struct Failure {
 };
 
 extern Failure g_failure;
+
+/// What this thread has asked of the heap, in bytes.
+struct HeapUse {
+    std::size_t asked = 0;    ///< all that was ever asked for
+    std::ptrdiff_t held = 0;  ///< what is not given back; negative for blocks of other origin
+    std::ptrdiff_t most = 0;  ///< the highest that `held` was
+};
+
+extern thread_local constinit HeapUse g_heapUse;
 
 }  // namespace platen::test
