@@ -181,7 +181,7 @@ TEST(Messages, ARowHandsOnAnotherMessageOrOtherArguments) {
     EXPECT_EQ(window.GetExStyle() & WS_EX_TOPMOST, 0U);
     EXPECT_NE(window.SetTimer(4, 10), 0U);
     std::string ticked;
-    EXPECT_TRUE(Host::PumpUntil([&] { return !(ticked += window.Take()).empty(); }));
+    EXPECT_TRUE(PumpUntil([&] { return !(ticked += window.Take()).empty(); }));
     EXPECT_TRUE(ticked.starts_with("timer 4\n")) << ticked;
     EXPECT_TRUE(window.KillTimer(4));
     EXPECT_FALSE(window.KillTimer(4));

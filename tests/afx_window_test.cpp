@@ -226,7 +226,7 @@ TEST(Dialogs, KeysDoNotReachAModelessDialogInAFrame) {
     keybd_event(VK_ESCAPE, 0, 0, 0);
     keybd_event(VK_ESCAPE, 0, KEYEVENTF_KEYUP, 0);
     const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, nullptr);
-    for (int left = 100; left > 0 && !dialog.isCancelled; --left) {
+    for (const Deadline deadline; !dialog.isCancelled && !deadline.IsOver();) {
         host.application.PumpMessage();
     }
     ::KillTimer(nullptr, timer);

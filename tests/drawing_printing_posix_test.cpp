@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -10,6 +9,7 @@
 
 #include <platen/platform/afx.h>
 
+#include "tests/support/windows/own_folder.h"
 #include "tests/support/windows/person.h"
 
 namespace {
@@ -18,8 +18,7 @@ using namespace platen::test;
 
 /// A file's name that nothing has, and the file removed in the end.
 struct OutputFile {
-    std::string path =
-        std::filesystem::temp_directory_path() / ("print" + std::to_string(getpid()) + ".pdf");
+    std::string path = OwnFolder("platen print").concat(".pdf");
     ~OutputFile() { std::filesystem::remove(path); }
 
     [[nodiscard]] std::string Bytes() const {

@@ -31,9 +31,10 @@ class StatusProgress : public testing::Test {
         EXPECT_EQ(host.application.waiting, 0);
         Host::Pump();
         const int ticks = host.window.ticks;
-        int others = 0;
-        Host::PumpUntil([&others] { return ++others > 8; });
+        host.window.SetTimer(2, 10);
+        EXPECT_TRUE(PumpUntil([this] { return host.window.otherTicks >= 5; }));
         EXPECT_EQ(host.window.ticks, ticks) << "the timer is still running";
+        host.window.KillTimer(2);
         EXPECT_EQ(APP_MonitorPercent(1, 2, 1), 0);
     }
 };
@@ -66,7 +67,7 @@ TEST_F(StatusProgress, ARunShowsAnotherPercentageOrLeavesSomethingBehind) {
 TEST_F(StatusProgress, MonitoringDoesNotDispatchOrHangs) {
     APP_BeginPercent();
     host.window.PostMessage(kHostMessage);
-    for (int left = 50; left > 0 && host.window.ticks < 3; --left) {
+    for (const Deadline deadline; host.window.ticks < 3 && !deadline.IsOver();) {
         EXPECT_EQ(APP_MonitorPercent(1, 2, 1), 0);
     }
     EXPECT_GE(host.window.ticks, 3);
@@ -75,22 +76,22 @@ TEST_F(StatusProgress, MonitoringDoesNotDispatchOrHangs) {
 
 TEST_F(StatusProgress, EscapeIsMissedOrLatched) {
     APP_BeginPercent();
-    const auto answersSoon = [](int expected) {
+    const auto comesToAnswer = [](int expected) {
         int answer = -1;
-        for (int left = 100; left > 0 && answer != expected; --left) {
+        for (const Deadline deadline; answer != expected && !deadline.IsOver();) {
             answer = APP_MonitorPercent(1, 2, 1);
             // A held key stops the operation before it dispatches.
             Host::Pump();
         }
         return answer == expected;
     };
-    EXPECT_TRUE(answersSoon(0));
+    EXPECT_TRUE(comesToAnswer(0));
     keybd_event(VK_ESCAPE, 0, 0, 0);
-    EXPECT_TRUE(answersSoon(1));
+    EXPECT_TRUE(comesToAnswer(1));
     EXPECT_EQ(APP_MonitorPercent(1, 2, 1), 1);
     EXPECT_EQ(APP_MonitorPercent(1, 2, 0), 1);
     keybd_event(VK_ESCAPE, 0, KEYEVENTF_KEYUP, 0);
-    EXPECT_TRUE(answersSoon(0));
+    EXPECT_TRUE(comesToAnswer(0));
 }
 
 TEST_F(StatusProgress, ASecondBeginLeavesTheFirstRunOpen) {

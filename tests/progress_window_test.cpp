@@ -26,9 +26,9 @@ class ProgressWindow : public testing::Test {
     [[nodiscard]] HWND Dialog() const { return bar->GetProgressBarDialog()->m_hWnd; }
     [[nodiscard]] HWND Item(int identifier) const { return ::GetDlgItem(Dialog(), identifier); }
 
-    /// Monitors without an update until that answers 1; false when it takes too long.
-    bool IsAbortedSoon() {
-        return Host::PumpUntil([this] { return bar->MonitorPercent(0, 1, 0) == 1; });
+    /// Monitors without an update until that answers 1; false when it never does.
+    bool IsAborted() {
+        return PumpUntil([this] { return bar->MonitorPercent(0, 1, 0) == 1; });
     }
 };
 
@@ -136,7 +136,7 @@ TEST_F(ProgressWindow, AWayToAbortDoesNotOrANewRunStaysAborted) {
         EXPECT_EQ(TextOf(Item(1000)), " 50% done.  Press ESC to abort.");
         const HWND text = Item(1000);
         abort();
-        EXPECT_TRUE(IsAbortedSoon());
+        EXPECT_TRUE(IsAborted());
         EXPECT_EQ(TextOf(text), " 50% done.  Press ESC to abort.") << "still pumped";
         EXPECT_EQ(bar->GetProgressBarDialog(), nullptr);
         EXPECT_FALSE(bar->IsWindowVisible());
@@ -220,7 +220,7 @@ TEST(ProgressWindowLife, TheMainWindowsEndDuringARunIsFatal) {
         g_doomed = host.window.m_hWnd;
         ::SetTimer(bar->GetProgressBarDialog()->m_hWnd, 9, 10, &DestroyDoomed);
         int result = 0;
-        for (int left = 2000000; left > 0 && result == 0; --left) {
+        for (const Deadline deadline; result == 0 && !deadline.IsOver();) {
             result = bar->MonitorPercent(1, 2, 0);
         }
         EXPECT_EQ(result, 1);

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 #include <platen/ui/modal_dialogs.h>
 
@@ -27,13 +28,20 @@ class Printing : public testing::Test {
     std::filesystem::path home = OwnFolder("platen printing");
 
     Printing() {
+        if (const char* const usual = std::getenv("HOME")) {
+            m_usualHome = usual;
+        }
         std::filesystem::remove_all(home);
         std::filesystem::create_directory(home);
         ::setenv("HOME", home.c_str(), 1);
     }
     ~Printing() override {
         // Qt notes its settings there when later tests end their dialogs.
-        ::setenv("HOME", m_usualHome.c_str(), 1);
+        if (m_usualHome) {
+            ::setenv("HOME", m_usualHome->c_str(), 1);
+        } else {
+            ::unsetenv("HOME");
+        }
         std::filesystem::remove_all(home);
     }
 
@@ -44,8 +52,7 @@ class Printing : public testing::Test {
     }
 
   private:
-    const char* const m_before = std::getenv("HOME");
-    std::string m_usualHome = m_before == nullptr ? "" : m_before;
+    std::optional<std::string> m_usualHome;
 };
 
 /// Counts how often it is confirmed.

@@ -1,24 +1,24 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
-
+#include "tests/support/windows/waiting.h"
 #include "tests/window_recording.h"
 
 namespace {
 
 using namespace platen::test;
-using Clock = std::chrono::steady_clock;
 
-/// Looks for messages, and counts WM_TIMER, until the time is over.
-int CountTimers(std::chrono::milliseconds time) {
-    int count = 0;
-    for (const auto end = Clock::now() + time; Clock::now() < end;) {
-        MSG message;
-        if (PeekMessage(&message, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE) != 0) {
-            ++count;
-        }
+/// Looks for WM_TIMER of one window after the other until there were `count` of `steady`. How many
+/// there were of `other`.
+int TicksOf(HWND other, HWND steady, int count) {
+    int ticks = 0;
+    int steadyTicks = 0;
+    MSG message;
+    for (const Deadline deadline; steadyTicks < count && !deadline.IsOver();) {
+        ticks += PeekMessage(&message, other, WM_TIMER, WM_TIMER, PM_REMOVE);
+        steadyTicks += PeekMessage(&message, steady, WM_TIMER, WM_TIMER, PM_REMOVE);
     }
-    return count;
+    EXPECT_EQ(steadyTicks, count) << "a timer has stopped";
+    return ticks;
 }
 
 TEST(WindowMessages, ComeInAnotherOrder) {
@@ -26,17 +26,17 @@ TEST(WindowMessages, ComeInAnotherOrder) {
     const Scoped window(Recording::Make("w", WS_POPUP | WS_VISIBLE));
     Pump();
     SetTimer(window, 1, 10, nullptr);
-    const auto end = Clock::now() + std::chrono::milliseconds(50);
-    while (Clock::now() < end) {
-        MSG message;
-        PeekMessage(&message, window, WM_USER, WM_USER, PM_NOREMOVE);
+    MSG message;
+    for (const Deadline deadline; !deadline.IsOver();) {
+        if (PeekMessage(&message, window, WM_TIMER, WM_TIMER, PM_NOREMOVE) != 0) {
+            break;
+        }
     }
     InvalidateRect(window, nullptr, FALSE);
     PostQuitMessage(3);
     PostMessage(window, WM_USER, 1, 0);
     PostMessage(window, WM_USER, 2, 0);
     std::vector<UINT> order;
-    MSG message;
     while (GetMessage(&message, nullptr, 0, 0) != 0) {
         order.push_back(message.message);
         DispatchMessage(&message);
@@ -74,35 +74,30 @@ TEST(WindowMessages, AFilterTakesWhatIsForOthers) {
     EXPECT_EQ(message.hwnd, nullptr);
 }
 
-UINT_PTR g_timerCalls = 0;
+UINT_PTR g_calledTimer = 0;
 
-void CALLBACK CountCall(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
-    g_timerCalls = timer;
+void CALLBACK NoteCall(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+    g_calledTimer = timer;
 }
 
 TEST(WindowMessages, TimersPileUpOrLiveOn) {
     Recording recording({});
     const Scoped window(Recording::Make("w", WS_POPUP));
+    const Scoped steady(Recording::Make("s", WS_POPUP));
+    const Scoped silent(Recording::Make("-", WS_POPUP));
     EXPECT_FALSE(SetTimer(reinterpret_cast<HWND>(std::intptr_t{0x7FFF0}), 1, 10, nullptr));
     ASSERT_EQ(SetTimer(window, 5, 10, nullptr), 5U);
-    EXPECT_GE(CountTimers(std::chrono::milliseconds(200)), 5);
-    for (const auto end = Clock::now() + std::chrono::milliseconds(300); Clock::now() < end;) {
-    }
-    MSG message;
-    int atOnce = 0;
-    for (int i = 0; i < 20; ++i) {
-        atOnce += PeekMessage(&message, window, WM_TIMER, WM_TIMER, PM_REMOVE);
-    }
-    EXPECT_LE(atOnce, 10) << "all the thirty that were not served come";
+    ASSERT_EQ(SetTimer(steady, 5, 10, nullptr), 5U);
+    TicksOf(silent, steady, 40);
+    EXPECT_LT(TicksOf(window, steady, 10), 30) << "all the forty that were not served come";
     EXPECT_TRUE(KillTimer(window, 5));
     EXPECT_FALSE(KillTimer(window, 5));
+    MSG message;
     PeekMessage(&message, window, WM_TIMER, WM_TIMER, PM_REMOVE);
-    EXPECT_EQ(CountTimers(std::chrono::milliseconds(40)), 0);
-    const UINT_PTR ownTimer = SetTimer(nullptr, 0, 10, &CountCall);
-    while (g_timerCalls == 0 && GetMessage(&message, nullptr, 0, 0) != 0) {
-        DispatchMessage(&message);
-    }
-    EXPECT_EQ(g_timerCalls, ownTimer);
+    EXPECT_EQ(TicksOf(window, steady, 5), 0);
+    const UINT_PTR ownTimer = SetTimer(nullptr, 0, 10, &NoteCall);
+    EXPECT_TRUE(PumpUntil([] { return g_calledTimer != 0; }));
+    EXPECT_EQ(g_calledTimer, ownTimer);
     EXPECT_TRUE(KillTimer(nullptr, ownTimer));
 }
 

@@ -5,6 +5,8 @@
 
 #include <platen/platform/afx.h>
 
+#include "tests/support/windows/waiting.h"
+
 namespace platen::test {
 
 constexpr UINT kHostMessage = WM_APP + 1;
@@ -31,14 +33,15 @@ class HostStatusBar : public CStatusBar {
     }
 };
 
-/// A main window that counts the ticks of timer 1 and the messages kHostMessage.
+/// A main window that counts the ticks of timer 1, those of others, and the messages kHostMessage.
 class HostWindow : public CWnd {
   public:
     int ticks = 0;
+    int otherTicks = 0;
     int messages = 0;
 
   protected:
-    void OnTimer(UINT_PTR timer) { ticks += timer == 1 ? 1 : 0; }
+    void OnTimer(UINT_PTR timer) { ++(timer == 1 ? ticks : otherTicks); }
     LRESULT OnHostMessage(WPARAM wParam, LPARAM lParam) {
         ++messages;
         return static_cast<LRESULT>(wParam) + lParam;
@@ -82,21 +85,6 @@ struct Host {
             DispatchMessage(&message);
         }
         return -1;
-    }
-
-    /// Dispatches what comes until the condition holds; false when that takes too long.
-    template <class Condition>
-    static bool PumpUntil(Condition holds) {
-        const UINT_PTR timer = SetTimer(nullptr, 0, 10, nullptr);
-        int left = 300;
-        while (!holds() && left-- > 0) {
-            MSG message = {};
-            GetMessage(&message, nullptr, 0, 0);
-            TranslateMessage(&message);
-            DispatchMessage(&message);
-        }
-        KillTimer(nullptr, timer);
-        return holds();
     }
 };
 

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include <platen/platform/win32.h>
+
+#include "tests/support/deadline.h"
 
 namespace platen::test {
 
@@ -15,7 +19,8 @@ inline void Press(int key) {
 }
 
 /// Who sits at a modal dialog: does one step after the other, a step again until it answers true.
-/// A step is given the active window. Who gets no further within some seconds cancels.
+/// A step is given the active window. Who gets no further cancels in the end, and the test has
+/// failed.
 class Person {
   public:
     using Step = std::function<bool(HWND active)>;
@@ -27,11 +32,10 @@ class Person {
     ~Person() {
         KillTimer(nullptr, m_timer);
         g_person = nullptr;
+        EXPECT_EQ(m_next, m_steps.size()) << "a step of the person's was not done";
     }
     Person(const Person&) = delete;
     Person& operator=(const Person&) = delete;
-
-    [[nodiscard]] bool IsDone() const { return m_next == m_steps.size(); }
 
     /// The steps of pressing keys: letters, digits and keys by number.
     static Step Types(std::string keys) {
@@ -52,8 +56,6 @@ class Person {
     }
 
   private:
-    static constexpr int kPatience = 300;
-
     static void CALLBACK Tick(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/,
                               DWORD /*time*/) {
         if (g_person != nullptr) {
@@ -63,9 +65,9 @@ class Person {
 
     void Act() {
         const HWND active = GetActiveWindow();
-        if (m_actions++ > kPatience) {
+        if (m_deadline.IsOver()) {
             Press(VK_ESCAPE);
-        } else if (!m_acting && !IsDone()) {
+        } else if (!m_acting && m_next != m_steps.size()) {
             m_acting = true;
             if (m_steps[m_next](active)) {
                 ++m_next;
@@ -78,7 +80,7 @@ class Person {
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
     UINT_PTR m_timer;
-    int m_actions = 0;
+    Deadline m_deadline;
     bool m_acting = false;
 };
 
