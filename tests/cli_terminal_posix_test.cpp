@@ -1,5 +1,10 @@
+#include <csignal>
+#include <thread>
+
 #include "tests/cli_running.h"
+#include "tests/support/held_program.h"
 #include "tests/support/paged_file.h"
+#include "tools/platen/transfer_progress.h"
 
 namespace {
 
@@ -146,39 +151,102 @@ TEST(CliProgress, ShowsOffATerminalOrStaysBehind) {
     EXPECT_EQ(Platen({"info", good.Path()}, {.errIsTerminal = true}).err, "");
 }
 
-/// The program is held still once its output is there, so that the copy lasts as long as is wanted.
-constexpr const char* kStopInTheMiddle =
-    "\"$P\" copy in.tif out.tif & p=$!\n"
-    "until ls out.tif.*.part || ! kill -0 $p; do :; done >ls 2>&1; rm ls; kill -STOP $p\n";
-
-TEST_F(CliShell, ASignalLeavesAHalfFileOrShowsAsSuccess) {
-    PutLargeImage(At("in.tif"));
-    Put("out.tif", "old");
-    const std::string stop = kStopInTheMiddle;
-    EXPECT_EQ(Shell(stop + "kill -TERM $p; kill -CONT $p; wait $p").exitStatus, 128 + 15);
-    EXPECT_EQ(Shell(stop + "kill -HUP $p; kill -CONT $p; wait $p").exitStatus, 128 + 1);
-    const std::string interrupted = "timeout --preserve-status -s INT 0.02 \"$P\" ";
-    EXPECT_EQ(Shell(interrupted + "copy in.tif out.tif").exitStatus, 128 + 2);
-    EXPECT_EQ(FileContents(At("out.tif")), "old");
-    EXPECT_EQ(Shell(interrupted + "copy --raw in.tif raw.tif").exitStatus, 128 + 2);
-    EXPECT_EQ(Shell(interrupted + "blank in.tif raw.tif").exitStatus, 128 + 2);
-    EXPECT_THAT(Files(), UnorderedElementsAre("in.tif", "out.tif"));
+/// Runs the program, and does something when it is about to write to a file for the nth time. False
+/// when it ends before.
+bool WasHeld(Outcome& outcome, const std::vector<std::string>& command, int write,
+             const std::function<void(pid_t)>& act, const Streams& streams = {}) {
+    bool held = false;
+    const auto note = [&](pid_t process) {
+        held = true;
+        act(process);
+    };
+    outcome = RunHeld(command.front(), {command.begin() + 1, command.end()}, write, note, streams);
+    return held;
 }
 
-TEST_F(CliShell, ProgressShowsTooEarlyOrStays) {
-    PutLargeImage(At("in.tif"));
-    const std::string slow = std::string(kStopInTheMiddle) + "sleep 1.1; kill -CONT $p; wait $p";
-    EXPECT_EQ(Shell(slow).err, "");
-    const Outcome shown = Shell(slow, {.errIsTerminal = true});
-    EXPECT_EQ(shown.exitStatus, 0);
-    EXPECT_THAT(shown.err, StartsWith("\r\033[Kplaten: ["));
-    EXPECT_THAT(shown.err,
-                testing::ContainsRegex("%  [0-9]+ of 268 MB  [0-9]+ MB/s  0:[0-9]+ left"));
-    EXPECT_THAT(shown.err, testing::EndsWith(" left\r\033[K"));
-    const Directory gray = {
-        {Longs(254, {0}), Shorts(256, {4}), Shorts(257, {4}), Shorts(258, {8}), Longs(273, {8})}};
-    Put("in.tif", Build({.data = Bytes(16, 'p'), .directories = {gray}}));
-    EXPECT_EQ(Platen({"copy", At("in.tif"), At("out.tif")}, {.errIsTerminal = true}).err, "");
+/// A gray image in two strips.
+Bytes TwoStrips() {
+    return Build(
+        {.data = Bytes(32, 'p'),
+         .directories = {{{Longs(254, {0}), Shorts(256, {4}), Shorts(257, {8}), Shorts(258, {8}),
+                           Longs(273, {8, 24}), Longs(278, {4}), Longs(279, {16, 16})}}}});
+}
+
+TEST_F(CliShell, ASignalLeavesAHalfFileOrShowsAsSuccess) {
+    const std::string in = Put("in.tif", TwoStrips());
+    const std::vector<std::string> commands[] = {{"copy", in, At("out.tif")},
+                                                 {"copy", "--raw", in, At("new.tif")},
+                                                 {"blank", in, At("new.tif")}};
+    for (std::vector<std::string> command : commands) {
+        SCOPED_TRACE(testing::PrintToString(command));
+        const bool replaces = command.back() == At("out.tif");
+        command.insert(command.begin(), PLATEN_PROGRAM);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+            const auto send = [signal](pid_t process) { kill(process, signal); };
+            Put("out.tif", "old");
+            Outcome outcome;
+            int write = 1;
+            for (; WasHeld(outcome, command, write, send); ++write) {
+                EXPECT_EQ(outcome.signal, signal) << write;
+                const std::string out = FileContents(At("out.tif"));
+                EXPECT_TRUE(out == "old" || (replaces && out.size() > in.size())) << write;
+                EXPECT_THAT(Files(), UnorderedElementsAre("in.tif", "out.tif")) << write;
+                Put("out.tif", "old");
+            }
+            EXPECT_GT(write, 3) << "held too seldom";
+            EXPECT_EQ(outcome.exitStatus, 0);
+            fs::remove(At("new.tif"));
+        }
+    }
+    // Who started the program may want it to go on.
+    Outcome outcome;
+    const std::string ignoring =
+        "trap '' HUP; exec '" PLATEN_PROGRAM "' copy '" + in + "' '" + At("out.tif") + "'";
+    EXPECT_TRUE(WasHeld(outcome, {"/bin/sh", "-c", ignoring}, 1,
+                        [](pid_t process) { kill(process, SIGHUP); }));
+    EXPECT_EQ(outcome.exitStatus, 0);
+}
+
+TEST_F(CliShell, ALongCopyShowsNoProgressOrLeavesItBehind) {
+    const std::string in = Put("in.tif", TwoStrips());
+    const std::vector<std::string> command = {PLATEN_PROGRAM, "copy", in, At("out.tif")};
+    const auto untilItIsLong = [](pid_t) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1001));
+    };
+    Outcome outcome;
+    ASSERT_TRUE(WasHeld(outcome, command, 1, untilItIsLong, {.errIsTerminal = true}));
+    EXPECT_EQ(outcome.exitStatus, 0);
+    EXPECT_THAT(outcome.err, StartsWith("\r\033[Kplaten: ["));
+    EXPECT_THAT(outcome.err, testing::EndsWith(" left\r\033[K"));
+    ASSERT_TRUE(WasHeld(outcome, command, 1, untilItIsLong));
+    EXPECT_EQ(outcome.exitStatus, 0);
+    EXPECT_EQ(outcome.err, "");
+}
+
+platen::tool::TransferProgress::Clock::time_point g_now;
+
+/// What is written to standard error as 100 to 150 of 200 MB are done, and afterwards.
+std::string ShownOfATransfer(bool wanted) {
+    constexpr std::int64_t kMegabyte = 1'000'000;
+    testing::internal::CaptureStderr();
+    {
+        platen::tool::TransferProgress progress(wanted, [] { return g_now; });
+        for (const auto& [milliseconds, done] :
+             {std::pair(999, 99), {1, 100}, {99, 110}, {1, 110}, {500, 150}}) {
+            g_now += std::chrono::milliseconds(milliseconds);
+            progress.Show(done * kMegabyte, 200 * kMegabyte);
+        }
+    }
+    return testing::internal::GetCapturedStderr();
+}
+
+TEST(CliProgress, ShowsTooEarlyTooOftenOrOtherFigures) {
+    EXPECT_EQ(ShownOfATransfer(true),
+              "\r\033[Kplaten: [##########..........]  50%  100 of 200 MB  100 MB/s  0:01 left"
+              "\r\033[Kplaten: [###########.........]  55%  110 of 200 MB  100 MB/s  0:01 left"
+              "\r\033[Kplaten: [###############.....]  75%  150 of 200 MB  94 MB/s  0:01 left"
+              "\r\033[K");
+    EXPECT_EQ(ShownOfATransfer(false), "");
 }
 
 }  // namespace

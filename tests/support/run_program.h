@@ -15,6 +15,7 @@ struct Streams {
 
 struct Outcome {
     int exitStatus = -1;  ///< -1: not started, or ended by a signal
+    int signal = 0;       ///< that ended it; not on Windows
     std::string out;
     std::string err;
 };

@@ -1,14 +1,16 @@
-#include "tests/support/run_program.h"
-
 #include <fcntl.h>
-#include <spawn.h>
+#include <sys/ptrace.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
+#include <cstdio>
 #include <cstdlib>
+#include <memory>
 
+#include "tests/support/held_program.h"
 #include "tests/support/temporary_file.h"
 
 namespace platen::test {
@@ -23,10 +25,22 @@ int OpenBrokenPipe() {
     return ends[1];
 }
 
+/// The same file behind a number that is no standard stream's, which may be free. Without the file
+/// no test has a meaning.
+int AboveStreams(int descriptor) {
+    const int above = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    if (above < 0) {
+        std::perror("a stream for a program");
+        std::abort();
+    }
+    close(descriptor);
+    return above;
+}
+
 /// A terminal, which passes every byte as it is.
 class Terminal {
   public:
-    Terminal() : m_terminal(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
+    Terminal() : m_terminal(AboveStreams(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))) {
         grantpt(m_terminal);
         unlockpt(m_terminal);
         termios settings = {};
@@ -53,52 +67,70 @@ class Terminal {
     int m_terminal;
 };
 
-int Spawn(const std::string& program, const std::vector<std::string>& arguments, int out, int err) {
+/// In the new process. Signals are as they are by default: who runs the tests may ignore some.
+[[noreturn]] void Become(char** words, int in, int out, int err, bool traced) {
+    dup2(in, STDIN_FILENO);
+    dup2(out, STDOUT_FILENO);
+    dup2(err, STDERR_FILENO);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM, SIGPIPE, SIGXFSZ}) {
+        static_cast<void>(std::signal(signal, SIG_DFL));
+    }
+    if (!traced || ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0) {
+        execv(words[0], words);
+    }
+    _exit(127);
+}
+
+pid_t Start(const std::string& program, const std::vector<std::string>& arguments, int out, int err,
+            bool traced) {
     std::vector<char*> words = {const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments) {
         words.push_back(const_cast<char*>(argument.c_str()));
     }
     words.push_back(nullptr);
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions, out, STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, err, STDERR_FILENO);
-    pid_t child = -1;
-    const int failure =
-        posix_spawn(&child, program.c_str(), &actions, nullptr, words.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    int status = -1;
-    if (failure != 0 || waitpid(child, &status, 0) != child) {
-        return -1;
+    const int in = AboveStreams(open("/dev/null", O_RDONLY | O_CLOEXEC));
+    const pid_t child = fork();
+    if (child == 0) {
+        Become(words.data(), in, out, err, traced);
     }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    close(in);
+    return child;
 }
 
 }  // namespace
 
-Outcome RunProgram(const std::string& program, const std::vector<std::string>& arguments,
-                   const Streams& streams) {
+Outcome RunWatched(const std::string& program, const std::vector<std::string>& arguments,
+                   const Streams& streams, bool traced, const Watch& watch) {
     const TemporaryFile outFile;
     const TemporaryFile errFile;
-    const Terminal outTerminal;
-    const Terminal errTerminal;
+    const auto outTerminal = streams.outIsTerminal ? std::make_unique<Terminal>() : nullptr;
+    const auto errTerminal = streams.errIsTerminal ? std::make_unique<Terminal>() : nullptr;
     std::string outPath = streams.outPath.empty() ? outFile.Path() : streams.outPath;
-    if (streams.outIsTerminal) {
-        outPath = outTerminal.Name();
+    if (outTerminal != nullptr) {
+        outPath = outTerminal->Name();
     }
-    const std::string errPath = streams.errIsTerminal ? errTerminal.Name() : errFile.Path();
+    const std::string errPath = errTerminal != nullptr ? errTerminal->Name() : errFile.Path();
     constexpr int kFlags = O_WRONLY | O_NOCTTY | O_CLOEXEC;
-    const int out = streams.outIsBroken ? OpenBrokenPipe() : open(outPath.c_str(), kFlags);
-    const int err = open(errPath.c_str(), kFlags);
-    Outcome outcome;
-    outcome.exitStatus = Spawn(program, arguments, out, err);
+    const int out =
+        AboveStreams(streams.outIsBroken ? OpenBrokenPipe() : open(outPath.c_str(), kFlags));
+    const int err = AboveStreams(open(errPath.c_str(), kFlags));
+    const int status = watch(Start(program, arguments, out, err, traced));
     close(out);
     close(err);
-    outcome.out = streams.outIsTerminal ? outTerminal.Contents() : outFile.Contents();
-    outcome.err = streams.errIsTerminal ? errTerminal.Contents() : errFile.Contents();
+    Outcome outcome;
+    outcome.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    outcome.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    outcome.out = outTerminal != nullptr ? outTerminal->Contents() : outFile.Contents();
+    outcome.err = errTerminal != nullptr ? errTerminal->Contents() : errFile.Contents();
     return outcome;
+}
+
+Outcome RunProgram(const std::string& program, const std::vector<std::string>& arguments,
+                   const Streams& streams) {
+    return RunWatched(program, arguments, streams, false, [](pid_t process) {
+        int status = 0;
+        return waitpid(process, &status, 0) == process ? status : -1;
+    });
 }
 
 }  // namespace platen::test

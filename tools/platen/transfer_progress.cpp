@@ -44,8 +44,10 @@ std::string Line(const std::string& figures, double part) {
 
 }  // namespace
 
-TransferProgress::TransferProgress()
-    : m_wanted(IsTerminal(stderr)), m_start(Clock::now()), m_nextDraw(m_start + kFirstDraw) {}
+TransferProgress::TransferProgress() : TransferProgress(IsTerminal(stderr), &Clock::now) {}
+
+TransferProgress::TransferProgress(bool wanted, Now now)
+    : m_wanted(wanted), m_now(now), m_start(now()), m_nextDraw(m_start + kFirstDraw) {}
 
 TransferProgress::~TransferProgress() {
     if (m_visible) {
@@ -54,7 +56,7 @@ TransferProgress::~TransferProgress() {
 }
 
 void TransferProgress::Show(std::int64_t done, std::int64_t total) {
-    const Clock::time_point now = m_wanted ? Clock::now() : m_start;
+    const Clock::time_point now = m_wanted ? m_now() : m_start;
     if (now < m_nextDraw) {
         return;
     }

@@ -9,7 +9,13 @@ namespace platen::tool {
 /// and when standard error is a terminal. It vanishes with the object.
 class TransferProgress {
   public:
+    using Clock = std::chrono::steady_clock;
+    /// What tells the time.
+    using Now = Clock::time_point (*)();
+
     TransferProgress();
+    /// On standard error where `wanted`, whatever that is.
+    TransferProgress(bool wanted, Now now);
     ~TransferProgress();
     TransferProgress(const TransferProgress&) = delete;
     TransferProgress& operator=(const TransferProgress&) = delete;
@@ -18,9 +24,8 @@ class TransferProgress {
     void Show(std::int64_t done, std::int64_t total);
 
   private:
-    using Clock = std::chrono::steady_clock;
-
     bool m_wanted;
+    Now m_now;
     bool m_visible = false;
     Clock::time_point m_start;
     Clock::time_point m_nextDraw;
