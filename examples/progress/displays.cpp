@@ -1,8 +1,10 @@
 #include "examples/progress/displays.h"
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <thread>
+#include <utility>
 
 #include <platen/platform/win32.h>
 #include <platen/progress/progress_bar.h>
@@ -23,9 +25,28 @@ void Reach(int percent, const Script& script, const std::function<void()>& look)
     }
 }
 
+/// Tells of each letter that is pressed, so that a script knows that keys arrive.
+class LetterWatch {
+  public:
+    void Look() {
+        for (int key = 'A'; key <= 'Z'; ++key) {
+            const bool isToggled = (GetKeyState(key) & 1) != 0;
+            if (std::exchange(m_toggled.at(static_cast<std::size_t>(key - 'A')), isToggled) !=
+                isToggled) {
+                std::printf("key %c\n", key);
+                std::fflush(stdout);
+            }
+        }
+    }
+
+  private:
+    std::array<bool, 26> m_toggled{};
+};
+
 /// Goes through the job, or stays at a percentage, as long as `report(done)` lets it.
 template <typename Report>
 bool Compute(LongJob& job, const Script& script, const std::function<void()>& look, Report report) {
+    LetterWatch letters;
     int reached = -1;
     while (!job.IsFinished()) {
         const int percent = 100 * job.Done() / LongJob::kHeight;
@@ -36,6 +57,7 @@ bool Compute(LongJob& job, const Script& script, const std::function<void()>& lo
         if (percent != script.holdAt) {
             job.Step();
         } else {
+            letters.Look();
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
         }
         if (report(job.Done()) && !job.IsFinished()) {

@@ -12,7 +12,7 @@ enum class DisplayKind { Window, StatusBar };
 /// What a run does by itself, at a whole percentage (-1: never): so that a script can look at a
 /// display, or stop a run without a person.
 struct Script {
-    int holdAt = -1;    ///< goes on reporting and pumping, but computes no more
+    int holdAt = -1;    ///< goes on reporting and pumping, computes no more and tells of letters
     int escapeAt = -1;  ///< presses Escape
 };
 
