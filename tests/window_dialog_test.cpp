@@ -172,6 +172,20 @@ INT_PTR CALLBACK AnswerAtOnce(HWND dialog, UINT message, WPARAM wParam, LPARAM /
     return FALSE;
 }
 
+TEST(WindowDialogs, AFontsStyleSpoilsATemplateWithoutOne) {
+    constexpr DWORD kFixedSystemFont = 0x8;
+    for (const DWORD style : {DWORD{DS_SETFONT}, kFixedSystemFont, DS_SETFONT | kFixedSystemFont}) {
+        const CDialogTemplate described = EntryTemplate(WS_POPUP | style);
+        const Scoped dialog(CreateDialogIndirectParam(
+            nullptr, reinterpret_cast<LPCDLGTEMPLATE>(described.Bytes().data()), nullptr, nullptr,
+            0));
+        ASSERT_NE(dialog, nullptr) << style;
+        char text[32];
+        GetDlgItemText(dialog, IDCANCEL, text, sizeof(text));
+        EXPECT_STREQ(text, "Cancel") << style;
+    }
+}
+
 TEST(WindowDialogs, AModalDialogLeavesItsOwnerDisabled) {
     Recording recording({});
     const Scoped owner(Recording::Make("owner", WS_POPUP | WS_VISIBLE));

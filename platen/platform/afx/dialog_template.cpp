@@ -8,7 +8,8 @@ constexpr std::size_t kItemCount = 4;
 }  // namespace
 
 CDialogTemplate::CDialogTemplate(DWORD style, const Place& place, LPCSTR caption) {
-    Append(static_cast<std::uint32_t>(style));
+    // A font of its own would have to follow the caption.
+    Append(static_cast<std::uint32_t>(style & ~DWORD{DS_SETFONT}));
     Append(std::uint32_t{0});  // extended style
     Append(std::uint16_t{0});  // items
     Append(place);

@@ -20,7 +20,8 @@ class PLATEN_API CDialogTemplate {
         std::int16_t height;
     };
 
-    /// A dialog without items. The caption is 7-bit text.
+    /// A dialog without items, in the system's font: the style's DS_SETFONT is left out. The
+    /// caption is 7-bit text.
     CDialogTemplate(DWORD style, const Place& place, LPCSTR caption);
 
     /// Adds an item above the earlier ones: its class ("STATIC", "BUTTON", "EDIT", ...), its 7-bit

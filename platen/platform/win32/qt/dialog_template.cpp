@@ -9,7 +9,6 @@ namespace {
 
 constexpr WORD kNumberFollows = 0xFFFF;
 constexpr DWORD kExtendedMark = 0xFFFF0001;
-constexpr DWORD kShellFont = 0x48;
 
 void AppendUtf8(std::string& text, char32_t character) {
     if (character < 0x80) {
@@ -150,7 +149,7 @@ std::optional<DialogDescription> ParseDialogTemplate(std::span<const std::byte> 
     reader.TakeTextOrNumber(number);
     dialog.className = reader.TakeTextOrNumber(number);
     dialog.title = reader.TakeTextOrNumber(number);
-    if ((dialog.style & kShellFont) != 0) {
+    if ((dialog.style & DS_SETFONT) != 0) {
         reader.Skip((extended ? 3 : 1) * sizeof(WORD));
         reader.TakeText();
     }
