@@ -172,6 +172,23 @@ INT_PTR CALLBACK AnswerAtOnce(HWND dialog, UINT message, WPARAM wParam, LPARAM /
     return FALSE;
 }
 
+LRESULT DestroyWhenFocused(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_SETFOCUS) {
+        DestroyWindow(window);
+        return 0;
+    }
+    return DefWindowProc(window, message, wParam, lParam);
+}
+
+TEST_F(WindowDialog, AnItemThatEndsWhenFocusedIsUsedFurther) {
+    Recording recording({}, &DestroyWhenFocused);
+    const HWND last = Recording::Make("last", WS_CHILD | WS_VISIBLE, m_dialog, 77);
+    SetFocus(Item(IDCANCEL));
+    Press(m_dialog, VK_DOWN);
+    EXPECT_FALSE(IsWindow(last));
+    EXPECT_TRUE(IsWindow(m_dialog));
+}
+
 TEST(WindowDialogs, AFontsStyleSpoilsATemplateWithoutOne) {
     constexpr DWORD kFixedSystemFont = 0x8;
     for (const DWORD style : {DWORD{DS_SETFONT}, kFixedSystemFont, DS_SETFONT | kFixedSystemFont}) {

@@ -89,6 +89,44 @@ TEST(WindowLife, AWindowThatEndsItselfIsUsedFurther) {
     EXPECT_EQ(recording.Count(WM_NCDESTROY), 1);
 }
 
+LRESULT DestroyWhenShown(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_SHOWWINDOW) {
+        DestroyWindow(window);
+        return 0;
+    }
+    return DefWindowProc(window, message, wParam, lParam);
+}
+
+TEST(WindowLife, AWindowThatEndsWhenShownIsUsedFurther) {
+    Recording recording({WM_NCDESTROY}, &DestroyWhenShown);
+    EXPECT_EQ(Recording::Make("shown", WS_POPUP | WS_VISIBLE), nullptr);
+    const HWND window = Recording::Make("w", WS_POPUP);
+    ShowWindow(window, SW_SHOW);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(recording.Count(WM_NCDESTROY), 2);
+}
+
+/// A parent that destroys a field once it has changed.
+LRESULT DestroyChanged(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_COMMAND && HIWORD(wParam) == EN_CHANGE) {
+        DestroyWindow(reinterpret_cast<HWND>(lParam));
+        return 0;
+    }
+    return DefWindowProc(window, message, wParam, lParam);
+}
+
+TEST(WindowLife, AFieldThatEndsAsItChangesIsUsedFurther) {
+    Recording recording({WM_COMMAND}, &DestroyChanged);
+    const Scoped around(Recording::Make("w", WS_POPUP | WS_VISIBLE));
+    for (const DWORD style : {DWORD{0}, DWORD{ES_MULTILINE}}) {
+        const HWND field = CreateWindowEx(0, "EDIT", "before", WS_CHILD | WS_VISIBLE | style, 0, 0,
+                                          50, 20, around, nullptr, nullptr, nullptr);
+        SetWindowText(field, "after");
+        EXPECT_FALSE(IsWindow(field));
+    }
+    EXPECT_GE(recording.Count(WM_COMMAND), 2);
+}
+
 TEST(WindowLife, RelationsAndNumbersGoAstray) {
     Recording recording({});
     const Scoped window(Recording::Make("w", WS_POPUP));

@@ -17,9 +17,9 @@ namespace {
 constexpr DWORD kStaticKind = 0x1F;
 constexpr DWORD kButtonKind = 0x0F;
 
-/// While the program itself changes a control, its parent is told at once. What the user does is
-/// told by a posted message, so that handlers run when it is dispatched and not while Qt handles
-/// input.
+/// While the program itself changes a control, its parent is told at once, in the midst of what Qt
+/// does with the control, which stays until that is over. What the user does is told by a posted
+/// message, so that handlers run when it is dispatched and not while Qt handles input.
 bool g_changesByProgram = false;
 
 class ByProgram {
@@ -30,6 +30,7 @@ class ByProgram {
     ByProgram& operator=(const ByProgram&) = delete;
 
   private:
+    EventScope m_scope;
     bool m_before;
 };
 

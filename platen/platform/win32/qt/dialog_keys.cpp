@@ -35,10 +35,11 @@ void MoveInGroup(HWND item, bool previous) {
     if (window == nullptr || next == item) {
         return;
     }
-    SetFocus(next);
     constexpr DWORD kButtonKind = 0xF;
-    if (window->windowClass->name == "BUTTON" &&
-        (window->style & kButtonKind) == BS_AUTORADIOBUTTON) {
+    const bool isRadio = window->windowClass->name == "BUTTON" &&
+                         (window->style & kButtonKind) == BS_AUTORADIOBUTTON;
+    SetFocus(next);
+    if (isRadio) {
         SendMessage(next, BM_CLICK, 0, 0);
     }
 }

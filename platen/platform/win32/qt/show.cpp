@@ -80,20 +80,20 @@ BOOL IsWindowVisible(HWND window) {
 }
 
 BOOL ShowWindow(HWND handle, int how) {
-    const Window* const window = Find(handle);
+    const Window* window = Find(handle);
     if (window == nullptr || !window->widget) {
         return FALSE;
     }
     const bool wasShown = IsShownInParent(*window);
     const bool show = how != SW_HIDE;
+    const bool activate = how != SW_SHOWNOACTIVATE;
     if (wasShown != show) {
         SendMessage(handle, WM_SHOWWINDOW, show ? TRUE : FALSE, 0);
+        window = Find(handle);
     }
-    if (IsWindow(handle) != 0 && !show && wasShown) {
-        Hide(handle);
-    } else if (IsWindow(handle) != 0 && show && !wasShown) {
-        Show(handle, how != SW_SHOWNOACTIVATE);
-    } else if (show && how != SW_SHOWNOACTIVATE && !window->IsChild()) {
+    if (window != nullptr && window->widget && wasShown != show) {
+        show ? Show(handle, activate) : Hide(handle);
+    } else if (window != nullptr && show && activate && !window->IsChild()) {
         Activate(handle);
     }
     NoteWork();
