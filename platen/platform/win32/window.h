@@ -15,7 +15,8 @@
 /// Ready-made classes: "STATIC" (text, frames), "BUTTON" (push, default, check, radio, group),
 /// "EDIT",
 /// "#32770" (a dialog) and "msctls_statusbar32". They are Qt's own controls and keep Qt's ways with
-/// keys and mouse; what they do not use goes to the window with the focus as messages.
+/// keys and mouse; what they do not use goes to the window with the focus as messages. A field of
+/// several lines has the scroll bars that its style asks for.
 ///
 /// A child dies with its parent, an owned pop-up with its owner. DestroyWindow sends WM_DESTROY to
 /// owned windows first, then to the window, then to its children; WM_NCDESTROY comes from the

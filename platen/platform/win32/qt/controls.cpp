@@ -170,6 +170,10 @@ class TextEdit : public Hosted<QPlainTextEdit> {
     }
 };
 
+Qt::ScrollBarPolicy BarPolicy(DWORD style, DWORD bar) {
+    return (style & bar) != 0 ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
+}
+
 std::string EditText(HWND handle) {
     if (const auto* const line = WidgetOf<QLineEdit>(handle)) {
         return line->text().toStdString();
@@ -238,6 +242,9 @@ QWidget* MakeEdit(HWND handle, const Window& window, QWidget* parent) {
         auto* const page = new TextEdit(handle, parent);
         page->setTabChangesFocus(true);
         page->setReadOnly(isReadOnly);
+        // A bar that comes and goes with the text can make Qt lay a small field out for ever.
+        page->setVerticalScrollBarPolicy(BarPolicy(window.style, WS_VSCROLL));
+        page->setHorizontalScrollBarPolicy(BarPolicy(window.style, WS_HSCROLL));
         QObject::connect(page, &QPlainTextEdit::textChanged, page, changed);
         return page;
     }

@@ -10,11 +10,13 @@
 namespace platen::win32 {
 namespace {
 
+/// Or will never be: because it is gone, hidden again, or has no extent.
 bool IsExposed(const void* handle) {
     const Window* const window = Find(static_cast<HWND>(const_cast<void*>(handle)));
-    const QWindow* const native =
-        window == nullptr || !window->widget ? nullptr : window->widget->windowHandle();
-    return native == nullptr || native->isExposed();
+    const QWidget* const widget = window == nullptr ? nullptr : window->widget.data();
+    const QWindow* const native = widget == nullptr ? nullptr : widget->windowHandle();
+    return native == nullptr || native->isExposed() || !widget->isVisible() ||
+           widget->size().isEmpty();
 }
 
 /// A window's place beside its siblings is settled by now: its children are shown with it.
