@@ -138,7 +138,7 @@ double Stretch(QFont& font, LONG width, double designed) {
     if (width == 0 || designed <= 0) {
         return 1;
     }
-    const int percent = static_cast<int>(std::clamp(width * 100 / designed, 1.0, 4000.0));
+    const int percent = static_cast<int>(std::clamp(100.0 * width / designed, 1.0, 4000.0));
     font.setStretch(percent);
     return percent / 100.0;
 }

@@ -38,15 +38,16 @@ LONG Mapped(LONG value, LONG fromOrg, LONG fromExt, LONG toOrg, LONG toExt) {
     return Clamped(Scaled(std::int64_t{value} - fromOrg, toExt, fromExt) + toOrg);
 }
 
+/// A length is clamped without its sign, which can be changed then.
 LONG WholePixels(LONG value, LONG windowExt, LONG viewportExt) {
-    const std::int64_t length = std::abs(std::int64_t{value} * viewportExt / windowExt);
-    return Clamped(value < 0 ? -length : length);
+    const LONG length = Clamped(std::abs(std::int64_t{value} * viewportExt / windowExt));
+    return value < 0 ? -length : length;
 }
 
 LONG NearestUnits(LONG value, LONG windowExt, LONG viewportExt) {
-    const std::int64_t length =
-        std::abs(Scaled(std::abs(std::int64_t{value}), windowExt, viewportExt));
-    return Clamped(value < 0 ? -length : length);
+    const LONG length =
+        Clamped(std::abs(Scaled(std::abs(std::int64_t{value}), windowExt, viewportExt)));
+    return value < 0 ? -length : length;
 }
 
 }  // namespace

@@ -1,4 +1,7 @@
 #include <QFontMetricsF>
+#include <algorithm>
+#include <limits>
+#include <numeric>
 
 #include <platen/platform/win32/qt/device_font.h>
 
@@ -10,8 +13,18 @@ QString TextOf(LPCSTR text, int length) {
     return QString::fromUtf8(text, length);
 }
 
+/// Qt's own sum ends at 25 bits of pixels, and wraps.
 int WidthOf(const DeviceFont& font, const QString& text) {
-    return qRound(QFontMetricsF(font.font).horizontalAdvance(text));
+    constexpr double kWidest = 0x1FFFFFF;
+    const QFontMetricsF metrics(font.font);
+    const auto length = static_cast<double>(text.size());
+    if (length * static_cast<double>(font.metrics.tmMaxCharWidth) < kWidest) {
+        return qRound(metrics.horizontalAdvance(text));
+    }
+    const double width = std::accumulate(
+        text.begin(), text.end(), 0.0,
+        [&](double sum, QChar character) { return sum + metrics.horizontalAdvance(character); });
+    return static_cast<int>(std::min<double>(width, std::numeric_limits<int>::max()));
 }
 
 /// Draws as if the text's upper left corner were the origin.
