@@ -173,6 +173,22 @@ TEST_F(Copy, ARefusalTouchesTheOutputOrLeavesAFile) {
     }
 }
 
+TEST_F(Copy, WhatWasNotReadIsCopied) {
+    Put("in.tif", Gray({}));
+    const auto outcomeAfter = [this](const auto& edit) {
+        return CopyTo("out.tif", TIFF_INTEL, edit).outcome;
+    };
+    EXPECT_EQ(outcomeAfter([](TiffCopy& copy) { copy.FreeStdTiff(); }), Outcome::SourceFailed);
+    EXPECT_EQ(outcomeAfter([](TiffCopy& copy) { copy.ResetFileVars(); }), Outcome::SourceFailed);
+    void* other = FILE_none();
+    const auto open = [&](TiffCopy& copy) { other = copy.Open(Path("in.tif").c_str(), 0); };
+    EXPECT_EQ(outcomeAfter(open), Outcome::SourceFailed) << "pixels of another file";
+    FILE_close(other);
+    constexpr short kNoOrder = 0x1234;
+    EXPECT_EQ(CopyTo("out.tif", kNoOrder).outcome, Outcome::Refused);
+    EXPECT_EQ(Files(), 1);
+}
+
 TEST_F(Copy, AFailureOnTheWayTouchesTheOutputOrLeavesAFile) {
     Put("in.tif", Gray({}));
     Put("out.tif", "precious");

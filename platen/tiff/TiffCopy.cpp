@@ -77,6 +77,7 @@ TiffCopy::~TiffCopy() = default;
 long TiffCopy::Read(void* file) {
     m_Kept.clear();
     m_TagBytes = 0;
+    m_FileRead = file;
     if (Tiff::Read(file) == -3 && m_ReadWhole) {
         m_Status = 1;
     }
@@ -162,7 +163,8 @@ TiffCopy::Result TiffCopy::CopyTo(const char* name, short format, const Options&
 }
 
 TiffCopy::Result TiffCopy::Save(const char* name, short format, const Options& options) {
-    if (!m_ReadWhole) {
+    // The records may have been released since, or another file opened.
+    if (!m_ReadWhole || m_NumIFDStdDir == 0 || m_hFile != m_FileRead) {
         return {Outcome::SourceFailed, -1, "the file was not read whole"};
     }
     platen::tiff::CopyJob job({m_Kept,
@@ -195,6 +197,7 @@ TiffCopy::Result TiffCopy::Save(const char* name, short format, const Options& o
     const bool saved = written ? Follow(output, options.file) : output.Commit();
     if (output.IsFollowed()) {
         Become(*written);
+        m_FileRead = m_hFile;
     }
     result = saved ? Result{} : platen::tiff::FailureOf(output);
     result.notes = output.Notes();

@@ -77,6 +77,8 @@ class PLATEN_API TiffCopy : public Tiff {
     /// permissions, extended attributes and access lists, or is not replaced. On a failure errno,
     /// on Windows the last error, is `Result::systemError`.
     ///
+    /// `format` is TIFF_INTEL or TIFF_MOTOROLA.
+    ///
     /// `name` may be the file being read, which must still be open; on Windows by `Open` or
     /// FILE_open, with nothing denied to others. Afterwards the object is one that has read the new
     /// file: its records and the handle given to `Read` are of that one. Pointers into the records
@@ -105,4 +107,5 @@ class PLATEN_API TiffCopy : public Tiff {
     std::vector<KeptEntry> m_Kept;           ///< in the order of their directories
     std::vector<std::int64_t> m_PixelBytes;  ///< by directory, as it was read
     std::int64_t m_TagBytes = 0;             ///< of all entries and their values, as they were read
+    void* m_FileRead = nullptr;              ///< the handle that the records were read from
 };

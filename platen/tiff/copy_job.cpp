@@ -147,6 +147,9 @@ bool CopyJob::IsAsRead(std::size_t dir) const {
 }
 
 Result CopyJob::Plan() {
+    if (m_order != TIFF_INTEL && m_order != TIFF_MOTOROLA) {
+        return {Outcome::Refused, -1, "the byte order is not known"};
+    }
     std::int64_t position = kHeaderSize;
     m_images.resize(m_source.records.size());
     for (std::size_t i = 0; i < m_images.size(); ++i) {
