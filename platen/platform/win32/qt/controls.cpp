@@ -327,6 +327,8 @@ LRESULT EditProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
                 if (auto* const line = WidgetOf<QLineEdit>(handle)) {
                     line->setText(text);
                 } else if (auto* const page = WidgetOf<QPlainTextEdit>(handle)) {
+                    // Win32 tells the parent of what the user changes there alone.
+                    const QSignalBlocker silence(page);
                     page->setPlainText(text);
                 }
             });
