@@ -4,28 +4,20 @@
 
 #include <platen/platform/win32.h>
 
-/// What the handles of the FILE_ functions can do and the platform's cannot on every system: go
-/// over to another file while they are open. On Linux the handle itself becomes one of the other
-/// file. On Windows it leads to a handle of that file from then on, and closing it closes both; so
-/// handles that went over are used through the FILE_ functions alone.
+/// What the handles of the FILE_ functions can do and the platform's cannot on every system: become
+/// handles of another file. On Linux the handle itself does. Windows does not replace a file that
+/// is open: there the handle lets its file go, and then leads to a handle of the other one. It is a
+/// handle for the FILE_ functions alone from then on.
 namespace platen {
-
-/// Opens an existing file as `_lopen` does. On Windows the file can be replaced while it is open,
-/// unless the mode denies something to others.
-HFILE OpenExisting(const char* name, LONG mode);
-
-/// Makes `file` a handle of the file that `other` is of, at its start, and ends `other`, whose
-/// access it takes. False when that failed: `file` is what it was, and `other` the caller's.
-bool GoOver(void* file, void* other);
 
 /// Closes a handle; false when that failed, or when it names no open file.
 bool EndHandle(void* file);
 
-/// A handle just opened leads nowhere yet: one of the same value, closed by other means than
-/// FILE_close, may have.
-void ForgetLead(void* file);
+/// A handle just opened, or another one of the same file in its place: its value must not be one
+/// that leads to another.
+HFILE FreshHandle(HFILE file);
 
-/// How many open handles lead to others.
+/// How many handles lead to others.
 extern std::atomic<int> g_leadingHandles;
 void* WhereItLeads(void* file);
 

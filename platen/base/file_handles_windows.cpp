@@ -1,48 +1,53 @@
+#include <platen/base/file_handles.h>
+
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <mutex>
 #include <new>
 #include <vector>
 
-#include <platen/base/file_handles.h>
+#include <platen/base/leading_handles_windows.h>
 
 namespace platen {
 namespace {
 
-struct Lead {
-    void* from;
-    void* to;
+struct LeadingHandle {
+    void* value;
+    void* leadsTo;
+    bool isHeld;  ///< by a handle of our own, so that the system gives it to nobody
 };
 
 std::mutex g_mutex;
-std::vector<Lead> g_leads;
+std::vector<LeadingHandle> g_leads;
 
-/// Takes out where a handle leads; null when it leads nowhere.
-void* TakeLead(void* file) {
-    if (g_leadingHandles.load(std::memory_order_relaxed) == 0) {
-        return nullptr;
-    }
-    const std::lock_guard lock(g_mutex);
-    const auto lead = std::ranges::find(g_leads, file, &Lead::from);
-    if (lead == g_leads.end()) {
-        return nullptr;
-    }
-    void* const to = lead->to;
-    g_leads.erase(lead);
-    --g_leadingHandles;
-    return to;
+std::vector<LeadingHandle>::iterator Find(void* value) {
+    return std::ranges::find(g_leads, value, &LeadingHandle::value);
 }
 
-bool AddLead(void* file, void* other) {
-    const std::lock_guard lock(g_mutex);
-    try {
-        g_leads.push_back({file, other});
-    } catch (const std::bad_alloc&) {
-        return false;
+HFILE ValueOf(HANDLE file) {
+    return static_cast<HFILE>(reinterpret_cast<std::intptr_t>(file));
+}
+
+/// Opens handles of something else until one of them has the value that was just given up, which
+/// the system soon gives out again.
+bool HoldValue(void* value) {
+    std::array<HANDLE, 256> opened = {};
+    std::size_t count = 0;
+    bool isHeld = false;
+    while (!isHeld && count < opened.size()) {
+        HANDLE next = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+        if (next == nullptr) {
+            break;
+        }
+        isHeld = next == value;
+        if (!isHeld) {
+            opened[count++] = next;
+        }
     }
-    ++g_leadingHandles;
-    return true;
+    std::for_each_n(opened.begin(), count, [](HANDLE handle) { CloseHandle(handle); });
+    return isHeld;
 }
 
 }  // namespace
@@ -51,51 +56,73 @@ constinit std::atomic<int> g_leadingHandles = 0;
 
 void* WhereItLeads(void* file) {
     const std::lock_guard lock(g_mutex);
-    const auto lead = std::ranges::find(g_leads, file, &Lead::from);
-    return lead == g_leads.end() ? file : lead->to;
+    const auto lead = Find(file);
+    return lead == g_leads.end() ? file : lead->leadsTo;
 }
 
-void ForgetLead(void* file) {
-    if (void* stale = TakeLead(file)) {
-        CloseHandle(stale);
+bool LetGo(void* file) {
+    const std::lock_guard lock(g_mutex);
+    const auto lead = Find(file);
+    if (lead != g_leads.end()) {
+        CloseHandle(lead->leadsTo);
+        lead->leadsTo = INVALID_HANDLE_VALUE;
+        return true;
     }
-}
-
-HFILE OpenExisting(const char* name, LONG mode) {
-    constexpr std::array<DWORD, 3> kAccess = {GENERIC_READ, GENERIC_WRITE,
-                                              GENERIC_READ | GENERIC_WRITE};
-    constexpr LONG kAccessBits = 0x03;
-    constexpr LONG kSharing = 0x70;
-    const auto access = static_cast<std::size_t>(mode & kAccessBits);
-    const LONG sharing = mode & kSharing;
-    const bool deniesNothing = sharing == OF_SHARE_COMPAT || sharing == OF_SHARE_DENY_NONE;
-    if (name == nullptr || access >= kAccess.size() || !deniesNothing) {
-        return _lopen(name, mode);
-    }
-    HANDLE file =
-        CreateFileA(name, kAccess[access], FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    return static_cast<HFILE>(reinterpret_cast<std::intptr_t>(file));
-}
-
-bool GoOver(void* file, void* other) {
-    void* const before = TakeLead(file);
-    if (!AddLead(file, other)) {
-        if (before != nullptr) {
-            AddLead(file, before);  // the room that it had is still there
-        }
+    try {
+        g_leads.push_back({file, INVALID_HANDLE_VALUE, false});
+    } catch (const std::bad_alloc&) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return false;
     }
-    if (before != nullptr) {
-        CloseHandle(before);
-    }
+    ++g_leadingHandles;
+    CloseHandle(file);
+    g_leads.back().isHeld = HoldValue(file);
     return true;
 }
 
+void Lead(void* file, void* other) {
+    const std::lock_guard lock(g_mutex);
+    const auto lead = Find(file);
+    lead->leadsTo = other;
+    if (other == file) {  // it got the value that nobody could hold
+        g_leads.erase(lead);
+        --g_leadingHandles;
+    }
+}
+
 bool EndHandle(void* file) {
-    void* const to = TakeLead(file);
-    const bool led = to == nullptr || CloseHandle(to) != FALSE;
-    return CloseHandle(file) != FALSE && led;
+    if (PlatformHandle(file) == file) {
+        return CloseHandle(file) != FALSE;
+    }
+    const std::lock_guard lock(g_mutex);
+    const auto lead = Find(file);
+    const LeadingHandle ended = *lead;
+    g_leads.erase(lead);
+    --g_leadingHandles;
+    if (ended.isHeld) {
+        CloseHandle(ended.value);
+    }
+    return CloseHandle(ended.leadsTo) != FALSE;
+}
+
+/// A value that we hold and that the system gives out was closed by other means than FILE_close.
+HFILE FreshHandle(HFILE file) {
+    HANDLE handle = reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(file));
+    if (file == HFILE_ERROR || PlatformHandle(handle) == handle) {
+        return file;
+    }
+    const std::lock_guard lock(g_mutex);
+    const auto lead = Find(handle);
+    if (lead->isHeld) {
+        CloseHandle(lead->leadsTo);
+        g_leads.erase(lead);
+        --g_leadingHandles;
+        return file;
+    }
+    HANDLE other = INVALID_HANDLE_VALUE;
+    DuplicateHandle(GetCurrentProcess(), handle, GetCurrentProcess(), &other, 0, FALSE,
+                    DUPLICATE_SAME_ACCESS | DUPLICATE_CLOSE_SOURCE);
+    return ValueOf(other);
 }
 
 }  // namespace platen

@@ -16,9 +16,7 @@ void* FromPlatform(HFILE file) {
     if (file == HFILE_ERROR) {
         platen::FileWatch::Note(Step::Open);
     }
-    void* const handle = reinterpret_cast<void*>(static_cast<std::intptr_t>(file));
-    platen::ForgetLead(handle);
-    return handle;
+    return reinterpret_cast<void*>(static_cast<std::intptr_t>(platen::FreshHandle(file)));
 }
 
 HFILE ToPlatform(void* file) {
@@ -50,7 +48,7 @@ void* FILE_creat(const char* name, LONG attribute) {
 }
 
 void* FILE_open(const char* name, LONG mode, LONG* attribute) {
-    const HFILE file = platen::OpenExisting(name, mode);
+    const HFILE file = _lopen(name, mode);
     if (attribute != nullptr) {
         *attribute = file == HFILE_ERROR ? -1 : mode & kReadWrite;
     }

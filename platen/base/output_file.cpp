@@ -48,7 +48,7 @@ bool OutputFile::Replaces(void* file) const {
     return m_place != nullptr && m_place->Holds(file);
 }
 
-bool OutputFile::Commit(OutputReader& reader) {
+bool OutputFile::Commit(void* reader) {
     if (m_failure.reason != nullptr || m_file == FILE_none() ||
         !Good(m_place->Finish(m_file, reader))) {
         return false;
@@ -58,20 +58,11 @@ bool OutputFile::Commit(OutputReader& reader) {
         return Good({"the output could not be closed", SystemError()});
     }
     m_hasName = Good(m_place->TakeName(reader));
-    m_isFollowed = reader.isFollowing;
     return m_hasName && Good(m_place->FlushFolder());
 }
 
-bool OutputFile::Commit(void* reader) {
-    OutputReader staying = {.file = reader, .mayChange = false};
-    return Commit(staying);
-}
-
-bool OutputFile::CommitUnder(void*& reader) {
-    OutputReader changing = {.file = reader, .mayChange = true};
-    const bool isGood = Commit(changing);
-    reader = changing.file;
-    return isGood;
+bool OutputFile::IsFollowed() const {
+    return m_place != nullptr && m_place->IsFollowed();
 }
 
 OutputNotes OutputFile::Notes() const {

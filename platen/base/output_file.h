@@ -9,7 +9,6 @@
 namespace platen {
 
 class OutputPlace;
-struct OutputReader;
 
 /// A file that takes its name only when it is whole. Until `Commit` it stands beside that name
 /// under one of its own, and it goes away with the object; what stands at the name is never written
@@ -49,27 +48,22 @@ class OutputFile {
     /// Ends the new file and takes the name. `reader`, if the caller still reads what is replaced,
     /// is a handle of the new file from then on.
     bool Commit(void* reader = FILE_none());
-    /// The same for a caller who puts up with another handle: Windows cannot replace an open file
-    /// in one step. `reader` is FILE_none if no file could be opened any more.
-    bool CommitUnder(void*& reader);
 
     [[nodiscard]] const OutputFailure& Why() const { return m_failure; }
     /// Whether the new file has its name. That can be so after a failure: of the folder's flush.
     [[nodiscard]] bool HasName() const { return m_hasName; }
     /// Whether the reader was made a handle of the new file.
-    [[nodiscard]] bool IsFollowed() const { return m_isFollowed; }
+    [[nodiscard]] bool IsFollowed() const;
     [[nodiscard]] OutputNotes Notes() const;
 
   private:
     bool Good(const OutputFailure& failure);
     bool Close();
-    bool Commit(OutputReader& reader);
 
     std::unique_ptr<OutputPlace> m_place;
     void* m_file = FILE_none();
     OutputFailure m_failure;
     bool m_hasName = false;
-    bool m_isFollowed = false;
 };
 
 }  // namespace platen

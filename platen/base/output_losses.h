@@ -34,8 +34,7 @@ inline constexpr OutputLoss kAttributesLost = {
     "the output's extended attributes or access lists cannot be kept",
     "the output's extended attributes or access lists could not be kept"};
 inline constexpr const char* kLabelsLost = "the output's security labels could not be kept";
-inline constexpr const char* kNotFollowed =
-    "the output could not be opened for reading, and the old file is read on";
+inline constexpr const char* kNotFollowed = "the output could not be opened for reading on";
 
 /// Refuses what is lost, or gathers what is to be told.
 class OutputLosses {

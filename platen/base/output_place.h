@@ -6,13 +6,6 @@
 
 namespace platen {
 
-/// Who still reads what is replaced.
-struct OutputReader {
-    void* file;                ///< a handle, or FILE_none
-    bool mayChange;            ///< the handle can become another one
-    bool isFollowing = false;  ///< it is one of the new file
-};
-
 /// What OutputFile asks of the system: the place where an output will stand, the file that stands
 /// there now, and the temporary one beside it. The steps are taken in the order in which they are
 /// declared, each after the success of the one before.
@@ -30,13 +23,16 @@ class OutputPlace {
     OutputFailure MakeTemporary(void*& file);
     /// Gives it what the file that stands there has, but for the permissions.
     OutputFailure CarryOver(void* file);
-    /// Gives it the permissions, and flushes it where it replaces something.
-    OutputFailure Finish(void* file, const OutputReader& reader);
-    /// Gives it the name, and then the reader a handle of what has the name. It is closed.
-    OutputFailure TakeName(OutputReader& reader);
+    /// Gives it the permissions, and flushes it where it replaces something. `reader` is a handle
+    /// of what it replaces, or FILE_none.
+    OutputFailure Finish(void* file, void* reader);
+    /// Gives it the name. It is closed.
+    OutputFailure TakeName(void* reader);
     /// Flushes the folder where something was replaced.
     OutputFailure FlushFolder();
 
+    /// Whether the reader was made a handle of what has the name now.
+    [[nodiscard]] bool IsFollowed() const;
     [[nodiscard]] bool Holds(void* file) const;
     [[nodiscard]] const OutputNotes& Notes() const;
 

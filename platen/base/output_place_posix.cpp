@@ -97,6 +97,7 @@ struct OutputPlace::State {
     std::string temporary = {};     ///< in the folder; empty without one
     Descriptor lock = {};           ///< keeps the temporary file locked when it is closed
     void* following = FILE_none();  ///< what the reader will be
+    bool isFollowed = false;
 
     bool OpenFolder(const std::string& path);
     [[nodiscard]] bool IsProtected() const;
@@ -247,14 +248,14 @@ OutputFailure OutputPlace::CarryOver(void* file) {
     }
 }
 
-OutputFailure OutputPlace::Finish(void* file, const OutputReader& reader) {
+OutputFailure OutputPlace::Finish(void* file, void* reader) {
     State& state = *m_state;
     if (!state.isTaken) {
         return {};
     }
     // With the reader's access, while the permissions are still the temporary file's own.
-    const bool isRead = reader.file != FILE_none();
-    const int flags = isRead ? fcntl(win32::DescriptorBehind(reader.file), F_GETFL) : 0;
+    const bool isRead = reader != FILE_none();
+    const int flags = isRead ? fcntl(win32::DescriptorBehind(reader), F_GETFL) : 0;
     if (isRead && flags >= 0) {
         state.following = win32::AdoptDescriptor(
             openat(state.folder.Number(), state.temporary.c_str(), (flags & O_ACCMODE) | kQuietly));
@@ -271,7 +272,7 @@ OutputFailure OutputPlace::Finish(void* file, const OutputReader& reader) {
 }
 
 /// Nobody's file is replaced that appeared meanwhile, where the file system can see to that.
-OutputFailure OutputPlace::TakeName(OutputReader& reader) {
+OutputFailure OutputPlace::TakeName(void* reader) {
     State& state = *m_state;
     const int folder = state.folder.Number();
     const char* const from = state.temporary.c_str();
@@ -284,14 +285,17 @@ OutputFailure OutputPlace::TakeName(OutputReader& reader) {
         return BySystem(kOutputNotNamed);
     }
     state.temporary.clear();
-    if (reader.file != FILE_none()) {
-        reader.isFollowing = GoOver(reader.file, state.following);
-        state.following = reader.isFollowing ? FILE_none() : state.following;
-    }
-    if (reader.file != FILE_none() && !reader.isFollowing) {
-        state.losses.Note(kNotFollowed);
+    if (reader != FILE_none()) {
+        state.isFollowed = win32::MoveHandle(reader, win32::DescriptorBehind(state.following));
+        if (!state.isFollowed) {
+            state.losses.Note(kNotFollowed);
+        }
     }
     return {};
+}
+
+bool OutputPlace::IsFollowed() const {
+    return m_state->isFollowed;
 }
 
 /// Some file systems have no such flush.

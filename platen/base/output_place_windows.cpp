@@ -7,6 +7,7 @@
 #include <platen/base/file_handles.h>
 #include <platen/base/file_names.h>
 #include <platen/base/files.h>
+#include <platen/base/leading_handles_windows.h>
 #include <platen/base/output_losses.h>
 #include <platen/base/output_place.h>
 #include <platen/base/system_error.h>
@@ -78,13 +79,13 @@ struct OutputPlace::State {
     BY_HANDLE_FILE_INFORMATION old = {};  ///< of what stands there
     std::wstring temporary = {};          ///< empty without one
     DWORD readerAccess = GENERIC_READ;
+    bool isFollowed = false;
 
     OutputFailure Examine(HANDLE there);
     [[nodiscard]] bool IsProtected() const;
     bool MakeAt(const std::wstring& candidate, void*& file);
-    [[nodiscard]] bool Replace() const;
     OutputFailure TakeName();
-    void GiveHandle(OutputReader& reader, bool isNew);
+    bool OpenAgain(void* reader) const;
 };
 
 OutputPlace::OutputPlace(bool insists) : m_state(new State{.losses = OutputLosses(insists)}) {}
@@ -186,87 +187,62 @@ OutputFailure OutputPlace::CarryOver(void* file) {
     return failure;
 }
 
-OutputFailure OutputPlace::Finish(void* file, const OutputReader& reader) {
+OutputFailure OutputPlace::Finish(void* file, void* reader) {
     State& state = *m_state;
-    if (reader.file != FILE_none() && MayWrite(PlatformHandle(reader.file))) {
+    if (reader != FILE_none() && MayWrite(PlatformHandle(reader))) {
         state.readerAccess |= GENERIC_WRITE;
     }
     return !state.isTaken || FlushFileBuffers(file) != FALSE ? OutputFailure{}
                                                              : BySystem(kOutputNotFlushed);
 }
 
-/// Puts the temporary file in the place of what stands there. The system does that in one step
-/// unless the file is open; if all who have it open agree, it is moved away first.
-bool OutputPlace::State::Replace() const {
-    constexpr DWORD kInOneStep = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    const wchar_t* const to = path.c_str();
-    const wchar_t* const from = temporary.c_str();
-    if (MoveFileExW(from, to, kInOneStep) != FALSE) {
-        return true;
-    }
-    if (!Opened(path, DELETE).IsOpen()) {
-        return false;
-    }
-    if (ReplaceFileW(to, from, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) !=
-        FALSE) {
-        return true;
-    }
-    const DWORD error = GetLastError();
-    const bool isGone = error == ERROR_UNABLE_TO_MOVE_REPLACEMENT;
-    const bool isMoved = isGone && MoveFileExW(from, to, kInOneStep) != FALSE;
-    SetLastError(error);
-    return isMoved;
-}
-
+/// The system replaces a file in one step, unless somebody has it open; then it stays. ReplaceFile
+/// would move it away first, and the end of the process in between would leave nothing at the name.
 OutputFailure OutputPlace::State::TakeName() {
     const wchar_t* const to = path.c_str();
     const bool isProtected = (old.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
     if (isProtected) {
         SetFileAttributesW(to, old.dwFileAttributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
     }
-    const bool isNamed =
-        isTaken ? Replace() : MoveFileExW(temporary.c_str(), to, MOVEFILE_WRITE_THROUGH) != FALSE;
-    const OutputFailure failure = isNamed ? OutputFailure{} : BySystem(kOutputNotNamed);
+    const DWORD how = MOVEFILE_WRITE_THROUGH | (isTaken ? DWORD{MOVEFILE_REPLACE_EXISTING} : 0);
+    const bool isNamed = MoveFileExW(temporary.c_str(), to, how) != FALSE;
+    OutputFailure failure = isNamed ? OutputFailure{} : BySystem(kOutputNotNamed);
+    if (!isNamed && isTaken && !Opened(path, DELETE).IsOpen()) {
+        failure.systemError = SystemError();  // the better word for a file that is in use
+    }
     if (isProtected && SetFileAttributesW(to, old.dwFileAttributes) == FALSE) {
         losses.Note(kAttributesLost.note);
     }
-    // What stood there may be gone; then the temporary file is all that is left.
-    if (isNamed || failure.systemError == ERROR_UNABLE_TO_MOVE_REPLACEMENT) {
+    if (isNamed) {
         temporary.clear();
     }
     return failure;
 }
 
-/// Opens what has the name. A handle that may change was closed, and gets one of the old file too.
-void OutputPlace::State::GiveHandle(OutputReader& reader, bool isNew) {
-    HANDLE opened = CreateFileW(path.c_str(), readerAccess, kShareAll, nullptr, OPEN_EXISTING,
-                                FILE_ATTRIBUTE_NORMAL, nullptr);
-    const bool isOpen = opened != INVALID_HANDLE_VALUE;
-    if (reader.mayChange) {
-        reader.file = opened;
-        reader.isFollowing = isNew && isOpen;
-    } else {
-        reader.isFollowing = isOpen && GoOver(reader.file, opened);
-        if (isOpen && !reader.isFollowing) {
-            CloseHandle(opened);
-        }
-    }
-    if (isNew && !reader.isFollowing) {
-        losses.Note(kNotFollowed);
-    }
+/// Gives the reader, which was let go, a handle of what has the name.
+bool OutputPlace::State::OpenAgain(void* reader) const {
+    HANDLE opened = CreateFileW(path.c_str(), readerAccess, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    Lead(reader, opened);
+    return opened != INVALID_HANDLE_VALUE;
 }
 
-OutputFailure OutputPlace::TakeName(OutputReader& reader) {
-    const bool isRead = reader.file != FILE_none();
-    if (isRead && reader.mayChange) {
-        EndHandle(reader.file);
+OutputFailure OutputPlace::TakeName(void* reader) {
+    const bool isRead = reader != FILE_none();
+    if (isRead && !LetGo(reader)) {
+        return BySystem(kOutputNotNamed);
     }
     const OutputFailure failure = m_state->TakeName();
-    const bool isNamed = failure.reason == nullptr;
-    if (isRead && (isNamed || reader.mayChange)) {
-        m_state->GiveHandle(reader, isNamed);
+    const bool isOpen = isRead && m_state->OpenAgain(reader);
+    m_state->isFollowed = isOpen && failure.reason == nullptr;
+    if (isRead && !isOpen) {
+        m_state->losses.Note(kNotFollowed);
     }
     return failure;
+}
+
+bool OutputPlace::IsFollowed() const {
+    return m_state->isFollowed;
 }
 
 /// The system keeps the order of such changes itself.

@@ -194,7 +194,7 @@ TiffCopy::Result TiffCopy::Save(const char* name, short format, const Options& o
         return {written->m_Status == -4 ? Outcome::NoMemory : Outcome::OutputFailed, -1,
                 "the output could not be read"};
     }
-    const bool saved = written ? Follow(output, options.file) : output.Commit();
+    const bool saved = output.Commit(written ? m_hFile : FILE_none());
     if (output.IsFollowed()) {
         Become(*written);
         m_FileRead = m_hFile;
@@ -202,17 +202,6 @@ TiffCopy::Result TiffCopy::Save(const char* name, short format, const Options& o
     result = saved ? Result{} : platen::tiff::FailureOf(output);
     result.notes = output.Notes();
     return result;
-}
-
-/// Ends an output that replaces the file being read.
-bool TiffCopy::Follow(platen::OutputFile& output, void** file) {
-    if (file == nullptr || *file != m_hFile) {
-        return output.Commit(m_hFile);
-    }
-    const bool saved = output.CommitUnder(m_hFile);
-    m_ReadWhole = m_hFile != FILE_none();
-    *file = m_hFile;
-    return saved;
 }
 
 /// Takes over what another object has read, but for its handle and report.

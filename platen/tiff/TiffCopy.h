@@ -7,10 +7,6 @@
 #include <platen/platform/api.h>
 #include <platen/tiff/Tiff.h>
 
-namespace platen {
-class OutputFile;
-}
-
 /// Copies a TIFF file so that any reader shows the same pixels and finds the same tags: what
 /// `Tiff::WriteCopy` leaves to its callers. While it reads, it also notes the entries that a record
 /// does not hold; `CopyTo` writes those beside the records' tags, edited with `setTAG` or not.
@@ -65,10 +61,6 @@ class PLATEN_API TiffCopy : public Tiff {
         /// keep the old contents, or whose owner, group, extended attributes or access lists cannot
         /// be kept. `Result::notes` tells which of them were lost.
         bool insists = false;
-        /// The caller's variable of the handle that was given to `Read`. With it a save onto the
-        /// file being read may exchange that handle for another one (-1 when no file can be opened
-        /// any more). On Windows only then is an open file replaced in a single step.
-        void** file = nullptr;
     };
 
     /// Writes the copy as a new file beside `name`, which takes that name in one step when it is
@@ -79,11 +71,12 @@ class PLATEN_API TiffCopy : public Tiff {
     ///
     /// `format` is TIFF_INTEL or TIFF_MOTOROLA.
     ///
-    /// `name` may be the file being read, which must still be open; on Windows by `Open` or
-    /// FILE_open, with nothing denied to others. Afterwards the object is one that has read the new
-    /// file: its records and the handle given to `Read` are of that one. Pointers into the records
-    /// are not valid any more, the report stays, and no hook was called. A failure leaves all as it
-    /// was, but for one to flush the folder, which comes last: then the new file has the name.
+    /// `name` may be the file being read, which must still be open. Afterwards the object is one
+    /// that has read the new file: its records and the handle given to `Read` are of that one. On
+    /// Windows that handle is one for this library alone from then on, and nobody else may have the
+    /// file open. Pointers into the records are not valid any more, the report stays, and no hook
+    /// was called. A failure leaves all as it was, but for one to flush the folder, which comes
+    /// last: then the new file has the name.
     Result CopyTo(const char* name, short format, const Options& options);
     Result CopyTo(const char* name, short format, Progress progress = nullptr,
                   void* context = nullptr);
@@ -101,7 +94,6 @@ class PLATEN_API TiffCopy : public Tiff {
     void Count(const TiffIFDEntryStruct& entry);
     long Keep(const TiffIFDEntryStruct& entry, short dir);
     Result Save(const char* name, short format, const Options& options);
-    bool Follow(platen::OutputFile& output, void** file);
     void Become(TiffCopy& other);
 
     std::vector<KeptEntry> m_Kept;           ///< in the order of their directories
