@@ -269,6 +269,23 @@ TEST_F(Output, AKilledProcessesFileStaysOrALivingOnesGoes) {
     }
 }
 
+TEST_F(Output, WhatIsPrintedToAClosedStreamGetsIntoTheFile) {
+    Put("a.tif", "old");
+    EXPECT_EQ(InChild([this] {
+                  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+                      close(stream);
+                  }
+                  OutputFile output;
+                  ASSERT_TRUE(output.Create(At("a.tif").c_str()) && output.Write("new", 3));
+                  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+                      EXPECT_EQ(write(stream, "junk", 4), -1);
+                  }
+                  EXPECT_TRUE(output.Commit());
+              }),
+              0);
+    EXPECT_EQ(Contents("a.tif"), "new");
+}
+
 TEST_F(Output, SomethingInItsWayIsWrittenTo) {
     Put("a.tif", "old");
     Put("victim", "precious");

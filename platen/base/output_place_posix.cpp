@@ -187,7 +187,7 @@ bool OutputPlace::State::MakeAt(const std::string& candidate, Descriptor& made) 
     }
     struct stat status = {};
     if (Lock(made.Number())) {
-        lock = Descriptor(fcntl(made.Number(), F_DUPFD_CLOEXEC, 0));
+        lock = Descriptor(fcntl(made.Number(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
         if (!lock.IsOpen() || fstat(made.Number(), &status) != 0) {
             return false;
         }

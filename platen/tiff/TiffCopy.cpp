@@ -197,7 +197,6 @@ TiffCopy::Result TiffCopy::Save(const char* name, short format, const Options& o
     const bool saved = output.Commit(written ? m_hFile : FILE_none());
     if (output.IsFollowed()) {
         Become(*written);
-        m_FileRead = m_hFile;
     }
     result = saved ? Result{} : platen::tiff::FailureOf(output);
     result.notes = output.Notes();
