@@ -37,7 +37,7 @@ bool WriteWithPlaten(const char* name, std::uint32_t pages) {
         }
         FillPage(tiff, static_cast<short>(i));
     }
-    return tiff.WriteNew(name, TIFF_INTEL) == 1;
+    return tiff.WriteNew(name, kIntel) == 1;
 }
 
 }  // namespace platen::bench

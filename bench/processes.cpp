@@ -79,7 +79,7 @@ std::string WriteLargePage(const Scratch& scratch) {
     tiff.setTAG(278, kLength, 1, 0);
     tiff.setTAG(279, address(bytes), 1, 0);
     std::string path = scratch.Path("large.tif");
-    if (tiff.WriteNew(path.c_str(), TIFF_INTEL) != 1) {
+    if (tiff.WriteNew(path.c_str(), kIntel) != 1) {
         throw std::runtime_error("the large file could not be written");
     }
     sync();  // its way to the disk is not to slow down the first copy

@@ -107,10 +107,10 @@ Values ReadBack(const std::string& path, bool copyAgain, short format) {
 void WriteBothWays(Tiff& tiff) {
     const MemoryFile intel;
     const MemoryFile motorola;
-    Require(tiff.WriteNew(intel.Path().c_str(), TIFF_INTEL) == 1);
-    Require(tiff.WriteNew(motorola.Path().c_str(), TIFF_MOTOROLA) == 1);
-    Require(ReadBack(intel.Path(), true, TIFF_MOTOROLA) ==
-            ReadBack(motorola.Path(), true, TIFF_INTEL));
+    Require(tiff.WriteNew(intel.Path().c_str(), platen::kIntel) == 1);
+    Require(tiff.WriteNew(motorola.Path().c_str(), platen::kMotorola) == 1);
+    Require(ReadBack(intel.Path(), true, platen::kMotorola) ==
+            ReadBack(motorola.Path(), true, platen::kIntel));
 }
 
 std::string BytesOf(const std::filesystem::path& path) {
@@ -141,8 +141,8 @@ bool Copy(const std::string& from, const std::filesystem::path& to, short format
 void CopyTwice(const std::string& path) {
     const std::filesystem::path first = ScratchFile("-1");
     const std::filesystem::path second = ScratchFile("-2");
-    if (Copy(path, first, TIFF_MOTOROLA)) {
-        Require(Copy(first.string(), second, TIFF_MOTOROLA));
+    if (Copy(path, first, platen::kMotorola)) {
+        Require(Copy(first.string(), second, platen::kMotorola));
         Require(BytesOf(first) == BytesOf(second));
         std::filesystem::remove(second);
     }

@@ -17,5 +17,6 @@
 #include <platen/tiff/records.h>
 #include <platen/tiff/tags.h>
 #include <platen/ui/base_modal.h>
+#include <platen/ui/log_font.h>
 #include <platen/ui/modal_dialogs.h>
 #include <platen/ui/notifier.h>

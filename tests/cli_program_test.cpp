@@ -89,7 +89,8 @@ TEST(CliInfo, JsonFailsOnANameThatIsNotUtf8) {
 TEST(CliErrors, LineDoesNotSayWhatHappened) {
     const TemporaryFile version(Build({.version = 43}));
     const TemporaryFile text("hello\n");
-    const TemporaryFile hungry(Build({.directories = {{{Word(258, TIFF_SHORT, 0x7FFFFFFF, 8)}}}}));
+    const TemporaryFile hungry(
+        Build({.directories = {{{Word(258, platen::kTypeShort, 0x7FFFFFFF, 8)}}}}));
     const struct {
         std::string file;
         std::string what;

@@ -229,6 +229,31 @@ TEST(ProgressWindowLife, TheMainWindowsEndDuringARunIsFatal) {
     EXPECT_EQ(AfxGetMainWnd(), nullptr);
 }
 
+/// A host's dialog below the library's.
+class HostDialog : public ProgressBarDialog {
+  public:
+    explicit HostDialog(bool& deleted) : m_deleted(deleted) {}
+    ~HostDialog() override { m_deleted = true; }
+
+  private:
+    bool& m_deleted;
+};
+
+TEST_F(ProgressWindow, AHostsDialogInAWindowOfItsOwnIsNoProgressDialog) {
+    bool deleted = false;
+    auto* const made = new HostDialog(deleted);
+    ASSERT_TRUE(made->Create(MAKEINTRESOURCE(0), &host.window));
+    const HWND dialog = made->m_hWnd;
+    EXPECT_NE(dynamic_cast<ProgressBarDialog*>(CWnd::FromHandlePermanent(dialog)), nullptr);
+    EXPECT_EQ(::SendMessage(dialog, WM_USER, 7, 0), 1);
+    EXPECT_EQ(TextOf(::GetDlgItem(dialog, 1000)), "  7% done.  Press ESC to abort.");
+    ::SendMessage(dialog, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_FALSE(host.window.IsWindowVisible()) << "its parent, which is no ProgressBar";
+    EXPECT_TRUE(::IsWindow(dialog));
+    ::DestroyWindow(dialog);
+    EXPECT_TRUE(deleted);
+}
+
 TEST(ProgressWindowLife, AnExceptionOrTheObjectsEndLeavesAWindow) {
     Host host;
     ProgressBar* bar = new ProgressBar;

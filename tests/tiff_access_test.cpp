@@ -215,7 +215,7 @@ TEST(TagAccess, ACountThatCannotBeLeavesMoreElementsThanTheBlock) {
     for (const std::int32_t count : {kLeast, 0, 18, 19, std::numeric_limits<std::int32_t>::max()}) {
         tiff.setTAG(33447, AddressOf(slots.data()), count, 0);
         EXPECT_EQ(tiff.getStdDir()->ColorTableCount, static_cast<std::uint32_t>(count));
-        const ReadTiff<> read(WrittenNew(tiff, TIFF_INTEL));
+        const ReadTiff<> read(WrittenNew(tiff, platen::kIntel));
         EXPECT_EQ(read.Record().ColorTableCount, count <= 0 ? 0U : 18U);
     }
 }
@@ -266,7 +266,7 @@ TEST(TagAccess, ACountThatLiesAboutItsBlockReadsBeyondIt) {
     for (const std::uint32_t count : {1U, 1000U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
         const bool fits = count <= 1000;
         ReadTiff<> read(Build({.directories = {{{Longs(254, {0}), Shorts(273, {5, 6}),
-                                                 Word(273, TIFF_RATIONAL, count, 0)}}}}));
+                                                 Word(273, platen::kTypeRational, count, 0)}}}}));
         ASSERT_EQ(read.Record().StripOffsetsCount, count);
         std::vector<std::uint32_t> out(fits ? count : 1);
         std::int32_t got = 0;
@@ -274,7 +274,7 @@ TEST(TagAccess, ACountThatLiesAboutItsBlockReadsBeyondIt) {
         EXPECT_EQ(static_cast<std::uint32_t>(got), count);
         EXPECT_EQ(out[0], fits ? 5U : 0U);
         EXPECT_EQ(out.back(), count == 1 ? 5U : 0U) << "what is not held is given as 0";
-        const Bytes written = WrittenNew(read.tiff, TIFF_INTEL);
+        const Bytes written = WrittenNew(read.tiff, platen::kIntel);
         EXPECT_EQ(written.size(), 8 + 2 + 3 * 12 + 4 + 4U);
         EXPECT_EQ(read.tiff.WriteIFDStdDir(FILE_none(), 0, 0, 0), 3);
         SetLongs(read.tiff, 273, {9});

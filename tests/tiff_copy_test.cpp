@@ -34,7 +34,7 @@ std::vector<Entry> OtherEntries(Order order) {
     for (const char letter : {'o', 'n', 'e', '\0', 't', 'w', 'o', '\0'}) {
         letters.push_back(static_cast<std::uint32_t>(letter));
     }
-    return {{270, TIFF_ASCII, 8, 1, letters},
+    return {{270, platen::kTypeAscii, 8, 1, letters},
             Bytes8(271, {1, 2, 3, 4, 5}),
             Rationals(282, {{1, 2}, {3, 4}}),
             Shorts(297, {1, 2, 3}),
@@ -53,7 +53,7 @@ std::vector<Entry> OtherEntries(Order order) {
             {707, 6, 4, 1, {1, 2, 3, 4}},
             Text(708, "ab"),
             Text(709, "a longer text"),
-            Word(710, TIFF_SHORT, 0, 0),
+            Word(710, platen::kTypeShort, 0, 0),
             Text(33448, "without FileTag")};
 }
 
@@ -79,7 +79,7 @@ TEST_F(Copy, AnEntryThatNoRecordHoldsIsLostOrTurnedWrongly) {
 
 TEST_F(Copy, StripsOutOfOrderOrAWideImageAreMisread) {
     Put("in.tif", Gray({Longs(273, {58, 8}), Longs(278, {5}), Longs(279, {50, 50})}));
-    ASSERT_EQ(CopyTo("out.tif", TIFF_INTEL).outcome, Outcome::Done);
+    ASSERT_EQ(CopyTo("out.tif", platen::kIntel).outcome, Outcome::Done);
     const Bytes turned = FileContents(Path("out.tif"));
     const Bytes source = FileContents(Path("in.tif"));
     EXPECT_EQ(turned.substr(8, 100), source.substr(58, 50) + source.substr(8, 50));
@@ -87,13 +87,13 @@ TEST_F(Copy, StripsOutOfOrderOrAWideImageAreMisread) {
     Put("in.tif", Gray({Shorts(256, {40000}), Longs(257, {1}), Shorts(258, {1}), Longs(278, {1}),
                         Longs(279, {5000})}) +
                       Bytes(6000, 'x'));
-    ASSERT_EQ(CopyTo("out.tif", TIFF_INTEL).outcome, Outcome::Done);
+    ASSERT_EQ(CopyTo("out.tif", platen::kIntel).outcome, Outcome::Done);
     EXPECT_EQ(Find(FileContents(Path("out.tif")), 256), "4, 1: 40 9C 00 00 ");
     // Two texts in one entry, short and long.
     for (const Bytes& texts : {Bytes("a\0b", 4), Bytes("first\0second", 13)}) {
         Entry entry = Text(315, texts);
         Put("in.tif", Gray({entry}));
-        ASSERT_EQ(CopyTo("out.tif", TIFF_INTEL).outcome, Outcome::Done);
+        ASSERT_EQ(CopyTo("out.tif", platen::kIntel).outcome, Outcome::Done);
         EXPECT_EQ(Find(FileContents(Path("out.tif")), 315),
                   Find(FileContents(Path("in.tif")), 315));
     }
@@ -102,7 +102,7 @@ TEST_F(Copy, StripsOutOfOrderOrAWideImageAreMisread) {
 TEST_F(Copy, AnEditDoesNotArriveOrAForgottenTagStays) {
     Put("in.tif", Gray({Text(305, "before"), Text(306, "removed"), Bytes8(271, {1}),
                         Bytes8(700, {1, 2, 3}), Bytes8(701, {1})}));
-    EXPECT_EQ(CopyTo("out.tif", TIFF_MOTOROLA,
+    EXPECT_EQ(CopyTo("out.tif", platen::kMotorola,
                      [](TiffCopy& copy) {
                          SetText(copy, 305, "after");
                          SetText(copy, 306, "");
@@ -164,7 +164,7 @@ TEST_F(Copy, ARefusalTouchesTheOutputOrLeavesAFile) {
     for (const Refusal& refusal : refusals) {
         Put("in.tif", refusal.source);
         for (const char* out : {"out.tif", "in.tif", "new.tif"}) {
-            const Result result = CopyTo(out, TIFF_MOTOROLA);
+            const Result result = CopyTo(out, platen::kMotorola);
             EXPECT_EQ(result.outcome, refusal.outcome) << refusal.name << ": " << result.reason;
         }
         EXPECT_EQ(FileContents(Path("out.tif")), "precious") << refusal.name;
@@ -176,7 +176,7 @@ TEST_F(Copy, ARefusalTouchesTheOutputOrLeavesAFile) {
 TEST_F(Copy, WhatWasNotReadIsCopied) {
     Put("in.tif", Gray({}));
     const auto outcomeAfter = [this](const auto& edit) {
-        return CopyTo("out.tif", TIFF_INTEL, edit).outcome;
+        return CopyTo("out.tif", platen::kIntel, edit).outcome;
     };
     EXPECT_EQ(outcomeAfter([](TiffCopy& copy) { copy.FreeStdTiff(); }), Outcome::SourceFailed);
     EXPECT_EQ(outcomeAfter([](TiffCopy& copy) { copy.ResetFileVars(); }), Outcome::SourceFailed);
@@ -194,13 +194,13 @@ TEST_F(Copy, AFailureOnTheWayTouchesTheOutputOrLeavesAFile) {
     Put("out.tif", "precious");
     fs::create_directory(Path("folder"));
     for (const char* out : {"folder", "none/out.tif", "in.tif/out.tif"}) {
-        EXPECT_EQ(CopyTo(out, TIFF_INTEL).outcome, Outcome::OutputFailed) << out;
+        EXPECT_EQ(CopyTo(out, platen::kIntel).outcome, Outcome::OutputFailed) << out;
     }
     // The copy is held against what the source was when it was read.
     Put("in.tif", Gray({Longs(257, {0xFFFF}), Longs(278, {0xFFFF}), Longs(279, {655350})}) +
                       Bytes(655350, 'x'));
-    const Result shrunk =
-        CopyTo("out.tif", TIFF_INTEL, [&](TiffCopy&) { fs::resize_file(Path("in.tif"), 600000); });
+    const Result shrunk = CopyTo("out.tif", platen::kIntel,
+                                 [&](TiffCopy&) { fs::resize_file(Path("in.tif"), 600000); });
     EXPECT_EQ(shrunk.outcome, Outcome::SourceFailed);
     EXPECT_EQ(FileContents(Path("out.tif")), "precious");
     EXPECT_EQ(Files(), 3);
@@ -208,11 +208,11 @@ TEST_F(Copy, AFailureOnTheWayTouchesTheOutputOrLeavesAFile) {
 
 TEST_F(Copy, OntoItselfLosesBytes) {
     Put("in.tif", Gray({Text(305, "me")}, Order::Motorola));
-    EXPECT_EQ(CopyTo("in.tif", TIFF_INTEL).outcome, Outcome::Done);
+    EXPECT_EQ(CopyTo("in.tif", platen::kIntel).outcome, Outcome::Done);
     const Bytes once = FileContents(Path("in.tif"));
     EXPECT_EQ(once.substr(0, 2), "II");
     EXPECT_EQ(Find(once, 305), Find(Gray({Text(305, "me")}), 305));
-    EXPECT_EQ(CopyTo("in.tif", TIFF_INTEL).outcome, Outcome::Done);
+    EXPECT_EQ(CopyTo("in.tif", platen::kIntel).outcome, Outcome::Done);
     EXPECT_EQ(FileContents(Path("in.tif")), once);
     EXPECT_EQ(Files(), 1);
 }
@@ -241,7 +241,8 @@ TEST_F(Copy, ProgressIsWrongOrAnAbortLeavesAFile) {
         void* handle = FILE_open(Path("in.tif").c_str(), 0, nullptr);
         copy.Read(handle);
         Watch watch = {0, most};
-        const Result result = copy.CopyTo(Path("out.tif").c_str(), TIFF_INTEL, progress, &watch);
+        const Result result =
+            copy.CopyTo(Path("out.tif").c_str(), platen::kIntel, progress, &watch);
         FILE_close(handle);
         EXPECT_EQ(result.outcome, most < 1000 ? Outcome::Aborted : Outcome::Done);
         EXPECT_EQ(watch.total, 100);

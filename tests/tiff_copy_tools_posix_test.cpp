@@ -96,12 +96,12 @@ TEST_F(CopyBesideOthers, APictureOfOtherSoftwareChanges) {
         const Ran made = Shell(source.command);
         ASSERT_EQ(made.exitStatus, 0) << source.name << made.err;
         for (const short format : kFormats) {
-            SCOPED_TRACE(std::string(source.name) + (format == TIFF_INTEL ? " II" : " MM"));
+            SCOPED_TRACE(std::string(source.name) + (format == platen::kIntel ? " II" : " MM"));
             const Bytes before = FileContents(Path("in.tif"));
             const Result result = CopyTo("out.tif", format);
             EXPECT_EQ(result.outcome, Outcome::Done) << result.reason;
             EXPECT_EQ(FileContents(Path("out.tif")).substr(0, 2),
-                      format == TIFF_INTEL ? "II" : "MM");
+                      format == platen::kIntel ? "II" : "MM");
             ExpectSamePicture(source.compare);
             EXPECT_EQ(FileContents(Path("in.tif")), before);
         }
@@ -110,8 +110,8 @@ TEST_F(CopyBesideOthers, APictureOfOtherSoftwareChanges) {
     fs::rename(Path("in.tif"), Path("original.tif"));
     fs::copy(Path("original.tif"), Path("in.tif"));
     fs::create_symlink("in.tif", Path("link.tif"));
-    EXPECT_EQ(CopyTo("in.tif", TIFF_INTEL).outcome, Outcome::Done);
-    EXPECT_EQ(CopyTo("link.tif", TIFF_MOTOROLA).outcome, Outcome::Done);
+    EXPECT_EQ(CopyTo("in.tif", platen::kIntel).outcome, Outcome::Done);
+    EXPECT_EQ(CopyTo("link.tif", platen::kMotorola).outcome, Outcome::Done);
     EXPECT_TRUE(fs::is_symlink(Path("link.tif")));
     EXPECT_EQ(FileContents(Path("in.tif")).substr(0, 2), "MM");
     fs::copy(Path("in.tif"), Path("out.tif"), fs::copy_options::overwrite_existing);

@@ -36,11 +36,11 @@ TEST(WriteNew, AFullDiskIsReportedAtTheWrongPlace) {
     const Bytes source = SmallFile();
     ReadTiff<> read(source);
     const TemporaryFile whole;
-    ASSERT_EQ(ReadTiff<>(source).tiff.WriteNew(whole.Name(), TIFF_INTEL), 1);
+    ASSERT_EQ(ReadTiff<>(source).tiff.WriteNew(whole.Name(), platen::kIntel), 1);
     ASSERT_EQ(whole.Contents().size(), 117U);
     for (const Case& c : cases) {
         const TemporaryFile file;
-        const auto copy = [&] { return read.tiff.WriteCopy(file.Name(), TIFF_INTEL); };
+        const auto copy = [&] { return read.tiff.WriteCopy(file.Name(), platen::kIntel); };
         EXPECT_EQ(WithFileLimit(c.limit, copy), c.status) << c.limit;
         EXPECT_EQ(file.Contents().size(), c.limit);
         EXPECT_EQ(read.file.Contents(), source);
@@ -49,8 +49,8 @@ TEST(WriteNew, AFullDiskIsReportedAtTheWrongPlace) {
 
 TEST(WriteNew, AFullDeviceGoesUnnoticed) {
     ReadTiff<> read(SmallFile());
-    EXPECT_EQ(read.tiff.WriteNew("/dev/full", TIFF_INTEL), -3);
-    EXPECT_EQ(read.tiff.WriteCopy("/dev/full", TIFF_INTEL), -3);
+    EXPECT_EQ(read.tiff.WriteNew("/dev/full", platen::kIntel), -3);
+    EXPECT_EQ(read.tiff.WriteCopy("/dev/full", platen::kIntel), -3);
     EXPECT_EQ(read.file.Contents(), SmallFile());
 }
 
@@ -58,7 +58,9 @@ TEST_F(Copy, AFullDiskTouchesTheOutputOrLeavesAFile) {
     Put("in.tif", Gray({}));
     Put("out.tif", "precious");
     for (const rlim_t limit : std::vector<rlim_t>{0, 4, 8, 50, 108, 120, 200}) {
-        const auto copy = [&] { return static_cast<long>(CopyTo("out.tif", TIFF_INTEL).outcome); };
+        const auto copy = [&] {
+            return static_cast<long>(CopyTo("out.tif", platen::kIntel).outcome);
+        };
         EXPECT_EQ(WithFileLimit(limit, copy), static_cast<int>(TiffCopy::Outcome::OutputFailed))
             << limit;
     }

@@ -84,12 +84,12 @@ TEST(Listing, OneOfAWrittenDirectoryDiffersOrIsPrintedUnasked) {
     void* handle = FILE_open(file.Name(), 2, nullptr);
     const auto write = [&](int print) {
         return Printed(
-            [&] { EXPECT_EQ(tiff.WriteIFDStdDir(handle, TIFF_MOTOROLA, 0, print), 52); });
+            [&] { EXPECT_EQ(tiff.WriteIFDStdDir(handle, platen::kMotorola, 0, print), 52); });
     };
     EXPECT_EQ(write(-1), kEveryLine);
     EXPECT_EQ(write(0), "");
     FILE_close(handle);
-    EXPECT_EQ(Printed([&] { tiff.WriteNew(file.Name(), TIFF_INTEL); }), "");
+    EXPECT_EQ(Printed([&] { tiff.WriteNew(file.Name(), platen::kIntel); }), "");
 }
 
 const std::string kSize = "Size                 ";
@@ -103,8 +103,8 @@ TEST(Listing, TheHeaderShowsOtherThanTheObjectsState) {
         std::string lines;
     };
     const Case cases[] = {
-        {nullptr, TIFF_INTEL, 5200, Lines({kSize + "5200 Bytes", kFormat + "INTEL"})},
-        {"a name", TIFF_MOTOROLA, 0,
+        {nullptr, platen::kIntel, 5200, Lines({kSize + "5200 Bytes", kFormat + "INTEL"})},
+        {"a name", platen::kMotorola, 0,
          Lines({"File                 'a name'", kSize + "0 Bytes", kFormat + "MOTOROLA"})},
         {"", 1, -1, Lines({"File                 ''", kSize + "-1 Bytes", kFormat + "Unkown"})}};
     for (const Case& c : cases) {

@@ -113,9 +113,9 @@ TEST(Read, ValuesBeyondTheEndAreNotZero) {
 
 TEST(Read, ATextWithoutATerminatorRunsOn) {
     for (std::uint32_t count = 1; count < 40; ++count) {
-        const ReadTiff<> read(
-            Build({.data = Bytes(64, 'x'),
-                   .directories = {{{Word(305, TIFF_ASCII, count, count > 4 ? 8 : 0x78787878)}}}}));
+        const ReadTiff<> read(Build({.data = Bytes(64, 'x'),
+                                     .directories = {{{Word(305, platen::kTypeAscii, count,
+                                                            count > 4 ? 8 : 0x78787878)}}}}));
         const std::size_t expected = count > 4 ? count : count - 1;
         EXPECT_EQ(std::string(read.Record().Software), std::string(expected, 'x'));
     }

@@ -16,7 +16,7 @@ File TwoDirectories(Order order) {
               Longs(273, {8, 20}), Shorts(277, {3}), Longs(278, {1}), Shorts(279, {12, 12}),
               Rationals(282, {{300, 1}}), Shorts(284, {1}), Shorts(297, {0, 2}),
               Rationals(318, {{3127, 10000}, {329, 1000}}), Bytes8(700, {7}),
-              Word(701, TIFF_RATIONAL, 1, 8), Word(702, 7, 4, 1)}},
+              Word(701, platen::kTypeRational, 1, 8), Word(702, 7, 4, 1)}},
             {{Shorts(258, {8}), Shorts(259, {1}), Shorts(262, {1}), Longs(33445, {128})}, 0x7000}}};
 }
 

@@ -29,7 +29,7 @@ TEST_F(Copy, SavedAgainThroughOneObjectItHasOtherPixels) {
     TiffCopy tiff;
     void* handle = tiff.Open(Path("in.tif").c_str(), 0);
     ASSERT_EQ(tiff.Read(handle), 1);
-    for (const short format : {TIFF_MOTOROLA, TIFF_INTEL, TIFF_MOTOROLA}) {
+    for (const short format : {platen::kMotorola, platen::kIntel, platen::kMotorola}) {
         SetText(tiff, 305, "round " + std::to_string(format));
         const Result saved = tiff.CopyTo(Path("in.tif").c_str(), format);
         ASSERT_EQ(saved.outcome, Outcome::Done) << saved.reason << saved.systemError;
@@ -38,7 +38,7 @@ TEST_F(Copy, SavedAgainThroughOneObjectItHasOtherPixels) {
         EXPECT_EQ(PixelsThrough(tiff, handle), pixels);
         const Bytes now = FileContents(Path("in.tif"));
         EXPECT_EQ(now.substr(8, 100), pixels);
-        EXPECT_EQ(now.substr(0, 2), format == TIFF_INTEL ? "II" : "MM");
+        EXPECT_EQ(now.substr(0, 2), format == platen::kIntel ? "II" : "MM");
         EXPECT_EQ(tiff.getFileSize(), static_cast<long>(now.size()));
         for (const auto write : {&Tiff::WriteCopy, &Tiff::WriteNew}) {
             EXPECT_EQ((tiff.*write)(Path("other.tif").c_str(), format), 1);
@@ -62,10 +62,11 @@ TEST_F(Copy, AFileThatOthersHaveOpenIsWrittenOver) {
     ASSERT_EQ(tiff.Read(handle), 1);
     // One system replaces it, the other one does not; neither touches what is open.
     for (int i = 0; i < 2; ++i) {
-        const Result saved = tiff.CopyTo(Path("in.tif").c_str(), TIFF_MOTOROLA);
+        const Result saved = tiff.CopyTo(Path("in.tif").c_str(), platen::kMotorola);
         EXPECT_EQ(saved.outcome == Outcome::Done, FileContents(Path("in.tif")) != source);
         EXPECT_TRUE(saved.outcome == Outcome::Done || saved.systemError != 0);
-        EXPECT_EQ(tiff.getFormat(), saved.outcome == Outcome::Done ? TIFF_MOTOROLA : TIFF_INTEL);
+        EXPECT_EQ(tiff.getFormat(),
+                  saved.outcome == Outcome::Done ? platen::kMotorola : platen::kIntel);
         EXPECT_EQ(PixelsThrough(tiff, handle), source.substr(8, 100));
         Bytes old(source.size(), '\0');
         FILE_lseek(another, 0, 0);
@@ -73,7 +74,7 @@ TEST_F(Copy, AFileThatOthersHaveOpenIsWrittenOver) {
         EXPECT_EQ(old, source);
     }
     FILE_close(another);
-    EXPECT_EQ(tiff.CopyTo(Path("in.tif").c_str(), TIFF_MOTOROLA).outcome, Outcome::Done);
+    EXPECT_EQ(tiff.CopyTo(Path("in.tif").c_str(), platen::kMotorola).outcome, Outcome::Done);
     EXPECT_EQ(PixelsThrough(tiff, handle), source.substr(8, 100));
     tiff.Close(handle);
     EXPECT_EQ(Files(), 1);
@@ -91,11 +92,11 @@ TEST_F(Copy, AFileThatIsProtectedOrHasOtherNamesIsReplacedUnasked) {
         fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
     fs::permissions(Path("out.tif"), reading);
 
-    const Result guarded = tiff.CopyTo(Path("out.tif").c_str(), TIFF_INTEL);
+    const Result guarded = tiff.CopyTo(Path("out.tif").c_str(), platen::kIntel);
     EXPECT_EQ(guarded.outcome, Outcome::Guarded);
     EXPECT_STREQ(guarded.reason, "the output is write-protected");
     EXPECT_EQ(FileContents(Path("out.tif")), "precious");
-    const Result insisted = tiff.CopyTo(Path("out.tif").c_str(), TIFF_INTEL, insisting);
+    const Result insisted = tiff.CopyTo(Path("out.tif").c_str(), platen::kIntel, insisting);
     EXPECT_EQ(insisted.outcome, Outcome::Done) << insisted.reason;
     EXPECT_EQ(insisted.notes[0], nullptr) << "nothing was lost";
     EXPECT_EQ(FileContents(Path("out.tif")).substr(8, 100), source.substr(8, 100));
@@ -104,9 +105,9 @@ TEST_F(Copy, AFileThatIsProtectedOrHasOtherNamesIsReplacedUnasked) {
 
     Put("first.tif", "precious");
     fs::create_hard_link(Path("first.tif"), Path("second.tif"));
-    EXPECT_EQ(tiff.CopyTo(Path("second.tif").c_str(), TIFF_INTEL).outcome, Outcome::Guarded);
+    EXPECT_EQ(tiff.CopyTo(Path("second.tif").c_str(), platen::kIntel).outcome, Outcome::Guarded);
     EXPECT_EQ(FileContents(Path("second.tif")), "precious");
-    const Result broken = tiff.CopyTo(Path("second.tif").c_str(), TIFF_INTEL, insisting);
+    const Result broken = tiff.CopyTo(Path("second.tif").c_str(), platen::kIntel, insisting);
     EXPECT_EQ(broken.outcome, Outcome::Done) << broken.reason;
     EXPECT_NE(broken.notes[0], nullptr);
     EXPECT_EQ(broken.notes[1], nullptr);
@@ -126,8 +127,8 @@ Bytes OverlappingPages(std::size_t pages, std::uint32_t pixels, const std::vecto
 }
 
 TEST_F(Copy, ASmallFileBecomesAHugeOne) {
-    const Entry text = Word(305, TIFF_ASCII, 30000, 8);  // a record holds it
-    const Entry bytes = Word(700, TIFF_BYTE, 30000, 8);  // none does
+    const Entry text = Word(305, platen::kTypeAscii, 30000, 8);  // a record holds it
+    const Entry bytes = Word(700, platen::kTypeByte, 30000, 8);  // none does
     const std::vector<std::uint32_t> same(1000, 8);
     const std::vector<std::uint32_t> sizes(1000, 20000);
     const Bytes sources[] = {OverlappingPages(40, 30000, {}), OverlappingPages(40, 1, {text}),
@@ -137,13 +138,13 @@ TEST_F(Copy, ASmallFileBecomesAHugeOne) {
                                  Bytes(20000, 'x')};
     for (const Bytes& source : sources) {
         Put("in.tif", source);
-        const Result result = CopyTo("out.tif", TIFF_INTEL);
+        const Result result = CopyTo("out.tif", platen::kIntel);
         EXPECT_EQ(result.outcome, Outcome::Refused) << result.reason;
         EXPECT_EQ(Files(), 1);
     }
     // A file that refers to its bytes twice is nobody's fault.
     Put("in.tif", OverlappingPages(1, 30000, {text}));
-    EXPECT_EQ(CopyTo("out.tif", TIFF_INTEL).outcome, Outcome::Done);
+    EXPECT_EQ(CopyTo("out.tif", platen::kIntel).outcome, Outcome::Done);
 }
 
 }  // namespace

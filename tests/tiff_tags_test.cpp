@@ -166,7 +166,7 @@ std::vector<Sample> NumberSamples(Store kind, std::uint16_t tag, Order order) {
     if (kind == Store::Long) {
         return {{Longs(tag, {4000000000}), "4000000000", Datum("-294967296")},
                 {Longs(tag, {1, 2}), "26", Datum("26")},
-                {Word(tag, TIFF_LONG, 0, 0), "0", Datum("0")}};
+                {Word(tag, platen::kTypeLong, 0, 0), "0", Datum("0")}};
     }
     if (kind == Store::Size) {
         return {{Shorts(tag, {640}), "640", Datum("640")},
@@ -181,7 +181,7 @@ std::vector<Sample> NumberSamples(Store kind, std::uint16_t tag, Order order) {
 }
 
 std::vector<Sample> RatioSamples(Store kind, std::uint16_t tag) {
-    const Entry noRatios = Word(tag, TIFF_RATIONAL, 0, 0);
+    const Entry noRatios = Word(tag, platen::kTypeRational, 0, 0);
     const std::vector<Rational> seven = {{1, 2}, {3, 4}, {5, 6}, {7, 8}, {9, 1}, {2, 3}, {4, 5}};
     if (kind == Store::Ratio) {
         return {{Rationals(tag, {{4000000000, 7}}), "4000000000/7", Datum("-294967296/7")},
@@ -205,7 +205,7 @@ std::vector<Sample> TextSamples(std::uint16_t tag) {
             {Characters(tag, "abcd"), "'abc'", Datum("'abc'")},
             {Characters(tag, "abcde"), "'abcde'", Datum("'abcde'")},
             {Characters(tag, {'a', '\0', 'b', 'c'}), "'a'", Datum("'a'")},
-            {Word(tag, TIFF_ASCII, 0, 26), "null", ""}};
+            {Word(tag, platen::kTypeAscii, 0, 26), "null", ""}};
 }
 
 std::vector<Sample> BlockSamples(Store kind, std::uint16_t tag) {
@@ -215,11 +215,11 @@ std::vector<Sample> BlockSamples(Store kind, std::uint16_t tag) {
         {Shorts(tag, {40000}), "1: 40000" + end, Datum("40000")},
         {Shorts(tag, {3, 40000}), "2: 3 40000" + end, "\r\n3 40000 \r\n"},
         {Shorts(tag, {8, 0, 40000}), "3: 8 0 40000" + end, "\r\n8 0 40000 \r\n"},
-        {Word(tag, TIFF_SHORT, 0, 0), "0: null" + end, Datum("0"), -4}};
+        {Word(tag, platen::kTypeShort, 0, 0), "0: null" + end, Datum("0"), -4}};
     if (offsets) {
         samples.push_back({Longs(tag, {4000000000}), "1: null | 4000000000", Datum("-294967296")});
         samples.push_back({Longs(tag, {5, 6}), "2: null | 5 6", "\r\n5 6 \r\n"});
-        samples.push_back({Word(tag, TIFF_LONG, 0, 0), "0: null | null", Datum("0"), -4});
+        samples.push_back({Word(tag, platen::kTypeLong, 0, 0), "0: null | null", Datum("0"), -4});
     }
     return samples;
 }
@@ -337,7 +337,7 @@ TEST(Tags, ARepeatedTagLeaksOrMixesItsBlocks) {
     const ReadTiff<> read(
         Build({.directories = {{{Shorts(273, {1, 2, 3}), Longs(273, {4, 5}),
                                  Shorts(273, {6, 7, 8, 9}), Text(305, "first"), Text(305, "second"),
-                                 Shorts(258, {1, 2, 3}), Word(258, TIFF_SHORT, 0, 0)}}}}));
+                                 Shorts(258, {1, 2, 3}), Word(258, platen::kTypeShort, 0, 0)}}}}));
     EXPECT_EQ(read.status, -4);
     EXPECT_EQ(List(read.Record().StripOffsetsShort, 4), " 6 7 8 9");
     EXPECT_EQ(List(read.Record().StripOffsetsLong, 2), " 4 5");
@@ -368,7 +368,7 @@ TEST(ColorTable, ItsValuesAreCutWrongOrMiscounted) {
 
 TEST(ColorTable, OneWithoutValuesIsNotSynthesised) {
     const ReadTiff<> read(Build({.directories = {{{Shorts(280, {10}), Shorts(281, {160}),
-                                                   Word(33447, TIFF_SHORT, 0, 0)}}}}));
+                                                   Word(33447, platen::kTypeShort, 0, 0)}}}}));
     EXPECT_EQ(read.status, 1);
     EXPECT_EQ(kColorTable(read.Record()),
               "0,0: 10 10 10 11 12 13 14 16 17 20 22 26 32 40 53 80 160 0");

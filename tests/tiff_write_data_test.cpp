@@ -72,7 +72,7 @@ TEST(WriteCopy, ImageDataIsCutMovedOrTurnedWrongly) {
                                                 << image.samples << "x" << image.bits);
                 ReadTiff<> read(source);
                 const Bytes copy = CopyOf(read.tiff, format);
-                const bool turned = format == TIFF_MOTOROLA && image.samples * image.bits == 16;
+                const bool turned = format == platen::kMotorola && image.samples * image.bits == 16;
                 EXPECT_TRUE(copy.substr(8, image.Size()) == (turned ? Turned(pixels) : pixels));
                 EXPECT_EQ(NumberAt(copy, 4, 4, OrderOf(format)), 8 + image.Size());
                 EXPECT_EQ(read.Record().StripOffsetsLong[0], 8U) << "is not relocated";
@@ -94,7 +94,7 @@ TEST(WriteNew, ImageDataIsNotZeroOrOfAnotherSize) {
             SetImage(tiff, image.width, image.length, image.bits, dir);
             SetNumber(tiff, 277, image.samples, dir);
         }
-        const Bytes bytes = WrittenNew(tiff, TIFF_INTEL);
+        const Bytes bytes = WrittenNew(tiff, platen::kIntel);
         const std::size_t end = 8 + 2 * image.Size();
         EXPECT_EQ(NumberAt(bytes, 4, 4, Order::Intel), end);
         EXPECT_EQ(bytes.find_first_not_of('\0', 8), end) << "in the areas or the entry count";
@@ -108,18 +108,19 @@ TEST(WriteCopy, ADirectorysImageIsTakenFromAnotherPlace) {
     const Bytes data = Pattern(2000);
     std::vector<Entry> untyped = EntriesOf(wide, Longs(273, {8}));
     untyped.erase(untyped.begin());
-    const Bytes source = Build(
-        {.data = data,
-         .directories = {{EntriesOf(wide, Longs(273, {1008, 77}))},
-                         {untyped},                                      // passed over
-                         {EntriesOf(narrow, Shorts(273, {508, 77}))},    // not relocated
-                         {EntriesOf(wide, Word(273, TIFF_BYTE, 1, 9))},  // without strip offsets
-                         {EntriesOf(narrow, Longs(273, {108}))}}});
+    const Bytes source =
+        Build({.data = data,
+               .directories = {
+                   {EntriesOf(wide, Longs(273, {1008, 77}))},
+                   {untyped},                                              // passed over
+                   {EntriesOf(narrow, Shorts(273, {508, 77}))},            // not relocated
+                   {EntriesOf(wide, Word(273, platen::kTypeByte, 1, 9))},  // without strip offsets
+                   {EntriesOf(narrow, Longs(273, {108}))}}});
     ReadTiff<> read(source);
     read.tiff.getStdDir()[2].ReadDataOffset = 8;
     const Bytes expected =
         data.substr(1000, 400) + data.substr(500, 300) + Bytes(400, '\0') + data.substr(100, 300);
-    const Bytes copy = CopyOf(read.tiff, TIFF_MOTOROLA);
+    const Bytes copy = CopyOf(read.tiff, platen::kMotorola);
     EXPECT_TRUE(copy.substr(8, 1400) == expected);
     EXPECT_EQ(read.Record(0).StripOffsetsLong[0], 8U);
     EXPECT_EQ(read.Record(0).StripOffsetsLong[1], 77U);
@@ -128,7 +129,7 @@ TEST(WriteCopy, ADirectorysImageIsTakenFromAnotherPlace) {
     EXPECT_EQ(read.Record(2).StripOffsetsShort[0], 508U);
     EXPECT_EQ(read.Record(4).StripOffsetsLong[0], 8U + 400 + 300 + 400);
     // A second layout takes the places of the first one for those of the data.
-    EXPECT_TRUE(CopyOf(read.tiff, TIFF_INTEL).substr(8, 400) == source.substr(8, 400));
+    EXPECT_TRUE(CopyOf(read.tiff, platen::kIntel).substr(8, 400) == source.substr(8, 400));
 
     void* handle = read.handle;
     for (const short dir : std::vector<short>{0, 4}) {
@@ -150,12 +151,12 @@ TEST(WriteCopy, AnImageThatEndsBeyondItsFileChangesTheLayout) {
     ReadTiff<> read(source);
     EXPECT_EQ(read.status, -3);
     const Bytes expected = source.substr(8) + Bytes(image.Size() - (source.size() - 8), '\0');
-    const Bytes copy = CopyOf(read.tiff, TIFF_INTEL);
+    const Bytes copy = CopyOf(read.tiff, platen::kIntel);
     EXPECT_TRUE(copy.substr(8, image.Size()) == expected);
     EXPECT_EQ(NumberAt(copy, 4, 4, Order::Intel), 8 + image.Size());
     FILE_close(read.handle);
     read.handle = FILE_none();
-    EXPECT_EQ(CopyOf(read.tiff, TIFF_INTEL).substr(8, image.Size()), Bytes(image.Size(), '\0'))
+    EXPECT_EQ(CopyOf(read.tiff, platen::kIntel).substr(8, image.Size()), Bytes(image.Size(), '\0'))
         << "without a source the areas are zero";
 }
 
@@ -171,12 +172,12 @@ TEST(WriteNew, AnImpossibleSizeReservesOrWritesSomething) {
         Tiff tiff;
         SetImage(tiff, c.width, c.length, c.bits);
         SetNumber(tiff, 277, c.samples);
-        EXPECT_EQ(NumberAt(WrittenNew(tiff, TIFF_INTEL), 4, 4, Order::Intel), 8U);
+        EXPECT_EQ(NumberAt(WrittenNew(tiff, platen::kIntel), 4, 4, Order::Intel), 8U);
     }
     Tiff tiff;
     SetImage(tiff, 10, 10, 8);
     SetNumber(tiff, 277, 0);  // counts as 1
-    EXPECT_EQ(NumberAt(WrittenNew(tiff, TIFF_INTEL), 4, 4, Order::Intel), 108U);
+    EXPECT_EQ(NumberAt(WrittenNew(tiff, platen::kIntel), 4, 4, Order::Intel), 108U);
     EXPECT_EQ(tiff.getStdDir()->WriteIFDOffset, 108U);
 }
 

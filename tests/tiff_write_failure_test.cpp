@@ -26,13 +26,13 @@ TEST(WriteCopy, TheSourceIsTruncatedUnderAnotherName) {
         names.push_back(symbolic);
     }
     for (const fs::path& name : names) {
-        EXPECT_EQ(read.tiff.WriteCopy(name.string().c_str(), TIFF_MOTOROLA), -1) << name;
+        EXPECT_EQ(read.tiff.WriteCopy(name.string().c_str(), platen::kMotorola), -1) << name;
         EXPECT_EQ(read.tiff.Status(), 0);
         EXPECT_EQ(read.file.Contents(), source) << name;
         EXPECT_EQ(read.Record().WriteIFDOffset, 0U) << "the records are laid out";
     }
     const TemporaryFile twin(source);  // the same bytes, another file
-    EXPECT_EQ(read.tiff.WriteCopy(twin.Name(), TIFF_INTEL), 1);
+    EXPECT_EQ(read.tiff.WriteCopy(twin.Name(), platen::kIntel), 1);
     EXPECT_EQ(read.file.Contents(), source);
     EXPECT_EQ(twin.Contents().substr(8, 8), "12345678");
     opened.reset();  // Windows does not remove a link to an open file
@@ -49,21 +49,23 @@ struct Step {
 /// What each step answers when no write goes through; those that do not look answer 1.
 TEST(WriteSteps, AFailedWriteIsReportedWrongly) {
     const Step steps[] = {
-        {"WriteHeader", -3, [](OpenTiff& t, void* f) { return t.WriteHeader(f, TIFF_INTEL); }},
+        {"WriteHeader", -3, [](OpenTiff& t, void* f) { return t.WriteHeader(f, platen::kIntel); }},
         {"Write1stOffset", -3,
-         [](OpenTiff& t, void* f) { return t.Write1stOffset(f, TIFF_INTEL); }},
+         [](OpenTiff& t, void* f) { return t.Write1stOffset(f, platen::kIntel); }},
         {"WriteBlankOffset", -3,
-         [](OpenTiff& t, void* f) { return t.WriteBlankOffset(f, TIFF_INTEL); }},
-        {"WriteBlankIFD", -3, [](OpenTiff& t, void* f) { return t.WriteBlankIFD(f, TIFF_INTEL); }},
-        {"WriteFullIFD", -3, [](OpenTiff& t, void* f) { return t.WriteFullIFD(f, TIFF_INTEL); }},
-        {"WriteDATA", 1, [](OpenTiff& t, void* f) { return t.WriteDATA(f, TIFF_INTEL); }},
+         [](OpenTiff& t, void* f) { return t.WriteBlankOffset(f, platen::kIntel); }},
+        {"WriteBlankIFD", -3,
+         [](OpenTiff& t, void* f) { return t.WriteBlankIFD(f, platen::kIntel); }},
+        {"WriteFullIFD", -3,
+         [](OpenTiff& t, void* f) { return t.WriteFullIFD(f, platen::kIntel); }},
+        {"WriteDATA", 1, [](OpenTiff& t, void* f) { return t.WriteDATA(f, platen::kIntel); }},
         {"WriteDATA of zeros", 1, [](OpenTiff& t, void* f) { return t.WriteDATA(f); }},
         {"WriteIFDEntry", 1,
          [](OpenTiff& t, void* f) {
-             return t.WriteIFDEntry(f, 305, 2, 5, AddressOf("text"), TIFF_INTEL);
+             return t.WriteIFDEntry(f, 305, 2, 5, AddressOf("text"), platen::kIntel);
          }},
         {"WriteIFDStdDir", 1, [](OpenTiff& t, void* f) {
-             EXPECT_EQ(t.WriteIFDStdDir(f, TIFF_INTEL, 0, 0), 7);
+             EXPECT_EQ(t.WriteIFDStdDir(f, platen::kIntel, 0, 0), 7);
              return t.Status();
          }}};
     const TemporaryFile file("twelve bytes");

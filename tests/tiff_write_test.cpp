@@ -24,8 +24,8 @@ TEST(WriteNew, AByteOfASmallFileDiffers) {
     tiff.setTAG(282, AddressOf(kResolution), 1, 0);
     tiff.setTAG(283, AddressOf(kResolution), 1, 0);
     SetNumber(tiff, 296, 2);
-    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_INTEL)), Expected("small.intel"));
-    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_MOTOROLA)), Expected("small.motorola"));
+    EXPECT_EQ(Shown(WrittenNew(tiff, platen::kIntel)), Expected("small.intel"));
+    EXPECT_EQ(Shown(WrittenNew(tiff, platen::kMotorola)), Expected("small.motorola"));
 }
 
 TEST(WriteNew, AnOldFormDirectoryIsNotMergedIntoTheFirst) {
@@ -39,8 +39,8 @@ TEST(WriteNew, AnOldFormDirectoryIsNotMergedIntoTheFirst) {
     SetNumber(tiff, 33445, 1, 1);
     SetText(tiff, 33448, "wxyz", 1);
     SetNumber(tiff, 255, 3, 2);
-    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_INTEL)), Expected("old_form.intel"));
-    EXPECT_EQ(Shown(WrittenNew(tiff, TIFF_MOTOROLA)), Expected("old_form.motorola"));
+    EXPECT_EQ(Shown(WrittenNew(tiff, platen::kIntel)), Expected("old_form.intel"));
+    EXPECT_EQ(Shown(WrittenNew(tiff, platen::kMotorola)), Expected("old_form.motorola"));
     const TiffIFDStdDirStruct* records = tiff.getStdDir();
     const std::uint32_t placed[] = {records[0].WriteNumEntries, records[0].WriteLinkOffset,
                                     records[0].WriteIFDOffset,  records[1].WriteIFDOffset,
@@ -53,14 +53,14 @@ TEST(WriteNew, AnOldFormDirectoryIsNotMergedIntoTheFirst) {
 TEST(WriteNew, ADirectoryWithoutASubfileTypeIsWritten) {
     Tiff tiff;
     tiff.ReAllocStdTiff();
-    EXPECT_EQ(WrittenNew(tiff, TIFF_INTEL), Hex("49 49 2A 00 00 00 00 00 00 00 00 00"));
+    EXPECT_EQ(WrittenNew(tiff, platen::kIntel), Hex("49 49 2A 00 00 00 00 00 00 00 00 00"));
     tiff.getStdDir()->WriteIFDOffset = 77;
-    EXPECT_EQ(WrittenNew(tiff, TIFF_MOTOROLA), Hex("4D 4D 00 2A 00 00 00 4D 00 00 00 00"));
+    EXPECT_EQ(WrittenNew(tiff, platen::kMotorola), Hex("4D 4D 00 2A 00 00 00 4D 00 00 00 00"));
     SetNumber(tiff, 33445, 0, 0);  // directory 0 is of the old form: none is written
     SetNumber(tiff, 254, 0, 1);
-    EXPECT_EQ(WrittenNew(tiff, TIFF_INTEL), Hex("49 49 2A 00 4D 00 00 00 00 00 00 00"));
+    EXPECT_EQ(WrittenNew(tiff, platen::kIntel), Hex("49 49 2A 00 4D 00 00 00 00 00 00 00"));
     tiff.FreeStdTiff();
-    EXPECT_EQ(WrittenNew(tiff, TIFF_INTEL), Hex("49 49 2A 00 00 00 00 00 00 00 00 00"));
+    EXPECT_EQ(WrittenNew(tiff, platen::kIntel), Hex("49 49 2A 00 00 00 00 00 00 00 00 00"));
 }
 
 struct Walk {
@@ -146,7 +146,7 @@ TEST(WriteNew, TheNarrowFormDoesNotWinWhenBothAreHeld) {
     ReadTiff<> read(
         Build({.directories = {{{Longs(254, {0}), Longs(273, {100, 200}), Shorts(273, {7, 9})}}}}));
     std::uint32_t offset = 8;
-    const Bytes bytes = WrittenNew(read.tiff, TIFF_MOTOROLA);
+    const Bytes bytes = WrittenNew(read.tiff, platen::kMotorola);
     EXPECT_EQ(Shown(RawDirectory(bytes, offset).at(1).values), "07 00 09 00 ");
 }
 
@@ -235,7 +235,7 @@ TEST(WriteEntry, AValueStandsInAnotherPlaceOrOrder) {
     for (const EntryCase& c : cases) {
         for (const short format : kFormats) {
             SCOPED_TRACE(testing::Message() << c.tag << " type " << c.type << " count " << c.count);
-            const Bytes expected = Hex(format == TIFF_INTEL ? c.intel : c.motorola);
+            const Bytes expected = Hex(format == platen::kIntel ? c.intel : c.motorola);
             const TemporaryFile file(Bytes(40, '\x77'));
             void* handle = FILE_open(file.Name(), 2, nullptr);
             FILE_lseek(handle, 10, 0);
@@ -262,8 +262,8 @@ TEST(WriteEntry, AnEntryAtTheEndOfTheFileIsOverwrittenByItsValues) {
     void* handle = FILE_open(file.Name(), 2, nullptr);
     const Rational resolution = {1, 2};
     Tiff tiff;
-    tiff.WriteIFDEntry(handle, 282, TIFF_RATIONAL, 1, reinterpret_cast<std::intptr_t>(&resolution),
-                       TIFF_INTEL);
+    tiff.WriteIFDEntry(handle, 282, platen::kTypeRational, 1,
+                       reinterpret_cast<std::intptr_t>(&resolution), platen::kIntel);
     FILE_close(handle);
     EXPECT_EQ(Shown(file.Contents()), Shown(Hex("1A 01 05 00 01 00 00 00 00 00 00 00"
                                                 "01 00 00 00 02 00 00 00")));
@@ -291,11 +291,11 @@ TEST(WriteSteps, AStepWritesOtherBytesOrAnotherStatus) {
                         "00 00  00 00 00 04 00 00 00 01 00 00 00 00"
                         "00 00 00 04 00 00 00 01 00 00 00 00  00 00 00 00  00 00 00 00")));
     tiff.WriteGetIFDNum(0);
-    EXPECT_EQ(tiff.WriteFullOffset(handle, TIFF_INTEL), 1);
+    EXPECT_EQ(tiff.WriteFullOffset(handle, platen::kIntel), 1);
     EXPECT_EQ(tiff.WriteUserData(0, nullptr), 1);
     EXPECT_EQ(tiff.Status(), -6) << "the status is touched";
-    tiff.WriteSetFormat(TIFF_MOTOROLA);
-    EXPECT_EQ(tiff.getFormat(), TIFF_MOTOROLA);
+    tiff.WriteSetFormat(platen::kMotorola);
+    EXPECT_EQ(tiff.getFormat(), platen::kMotorola);
 }
 
 }  // namespace

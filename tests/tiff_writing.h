@@ -5,10 +5,10 @@
 /// What the tests of the writing half share: setting tags, files as bytes, raw directories.
 namespace platen::test {
 
-inline constexpr short kFormats[] = {TIFF_INTEL, TIFF_MOTOROLA};
+inline constexpr short kFormats[] = {kIntel, kMotorola};
 
 inline Order OrderOf(short format) {
-    return format == TIFF_INTEL ? Order::Intel : Order::Motorola;
+    return format == kIntel ? Order::Intel : Order::Motorola;
 }
 
 /// The status is visible, since not every operation answers it.

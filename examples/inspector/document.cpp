@@ -131,12 +131,12 @@ std::string Document::UndecodedValue(const TiffIFDEntryStruct& entry) {
     constexpr std::int64_t kMostCharacters = 200;
     const std::int64_t size = std::int64_t{entry.Count} * TypeOf(entry.Type).size;
     if (size <= 4) {
-        const bool isNumber =
-            entry.Count == 1 && (entry.Type == TIFF_SHORT || entry.Type == TIFF_LONG);
+        const bool isNumber = entry.Count == 1 &&
+                              (entry.Type == platen::kTypeShort || entry.Type == platen::kTypeLong);
         return isNumber ? std::to_string(entry.ValueOffset) : "(not decoded)";
     }
     const std::string place = "at offset " + std::to_string(entry.ValueOffset);
-    if (entry.Type != TIFF_ASCII || entry.ValueOffset >= Size()) {
+    if (entry.Type != platen::kTypeAscii || entry.ValueOffset >= Size()) {
         return "(not decoded, " + std::to_string(size) + " bytes " + place + ")";
     }
     const auto shown = static_cast<long>(std::min(size, kMostCharacters));

@@ -34,7 +34,7 @@ class Document {
     /// In plain words, what is wrong with the file; empty when it was read whole.
     [[nodiscard]] const std::string& Problem() const { return m_problem; }
     [[nodiscard]] std::int64_t Size() const { return m_engine.getFileSize(); }
-    /// TIFF_INTEL or TIFF_MOTOROLA.
+    /// platen::kIntel or platen::kMotorola.
     [[nodiscard]] short ByteOrder() const { return m_engine.getFormat(); }
     [[nodiscard]] short Directories() const { return m_directories; }
     [[nodiscard]] const TiffIFDStdDirStruct& Directory(short dir) const {

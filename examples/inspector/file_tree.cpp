@@ -56,7 +56,7 @@ void FillDirectory(QTreeWidgetItem& item, const Document& document, short dir) {
 void FillFile(FileItem& item, const QStyle& style) {
     const Document& document = *item.document;
     const QFileInfo file(QString::fromStdString(document.Name()));
-    const QString order = document.ByteOrder() == TIFF_MOTOROLA
+    const QString order = document.ByteOrder() == platen::kMotorola
                               ? FileTree::tr("big-endian (MM)")
                               : FileTree::tr("little-endian (II)");
     const QString size = QLocale().formattedDataSize(document.Size());

@@ -84,11 +84,11 @@ void MainWindow::SaveAsSource() {
 }
 
 void MainWindow::SaveAsIntel() {
-    SaveCopy(TIFF_INTEL);
+    SaveCopy(platen::kIntel);
 }
 
 void MainWindow::SaveAsMotorola() {
-    SaveCopy(TIFF_MOTOROLA);
+    SaveCopy(platen::kMotorola);
 }
 
 void MainWindow::SaveCopy(short byteOrder) {

@@ -63,7 +63,7 @@ class RowReader {
           m_file(file),
           m_fileSize(tiff.getFileSize()),
           m_step(step),
-          m_bigEndian(tiff.getFormat() == TIFF_MOTOROLA),
+          m_bigEndian(tiff.getFormat() == platen::kMotorola),
           m_bytes(static_cast<std::size_t>(layout.rowBytes)) {}
 
     /// False when the file does not hold the row.

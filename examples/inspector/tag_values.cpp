@@ -208,9 +208,9 @@ bool IsWritten(const TagChange& change) {
     const bool isFileTag = change.tag == kFileTag;
     (isFileTag ? RemovalOf(kFileTag) : beside).ApplyTo(scratch, 0);
     RemovalOf(change.tag).ApplyTo(scratch, 0);
-    const short without = scratch.WriteIFDStdDir(FILE_none(), TIFF_INTEL, 0, 0);
+    const short without = scratch.WriteIFDStdDir(FILE_none(), platen::kIntel, 0, 0);
     change.ApplyTo(scratch, 0);
-    return scratch.WriteIFDStdDir(FILE_none(), TIFF_INTEL, 0, 0) > without;
+    return scratch.WriteIFDStdDir(FILE_none(), platen::kIntel, 0, 0) > without;
 }
 
 }  // namespace
@@ -227,24 +227,25 @@ TagKind KindOf(std::uint16_t tag) {
                                     : TagKind::Word;
 }
 
-TiffFieldType FieldTypeFor(std::uint16_t tag) {
+std::uint16_t FieldTypeFor(std::uint16_t tag) {
     switch (KindOf(tag)) {
         case TagKind::Long:
         case TagKind::Offsets:
-            return TIFF_LONG;
+            return platen::kTypeLong;
         case TagKind::Fractions:
-            return TIFF_RATIONAL;
+            return platen::kTypeRational;
         case TagKind::Text:
-            return TIFF_ASCII;
+            return platen::kTypeAscii;
         default:
-            return TIFF_SHORT;
+            return platen::kTypeShort;
     }
 }
 
 bool IsDecoded(std::uint16_t tag, std::uint16_t fieldType) {
     constexpr std::uint16_t kEitherWidth[] = {256, 257, 273, 279, 322, 323, 324, 325};
     return KindOf(tag) != TagKind::Unknown &&
-           (fieldType == FieldTypeFor(tag) || (fieldType == TIFF_SHORT && IsIn(kEitherWidth, tag)));
+           (fieldType == FieldTypeFor(tag) ||
+            (fieldType == platen::kTypeShort && IsIn(kEitherWidth, tag)));
 }
 
 bool IsEditable(std::uint16_t tag) {

@@ -18,7 +18,7 @@ enum class TagKind : std::uint8_t { Unknown, Word, Long, Words, Offsets, Fractio
 TagKind KindOf(std::uint16_t tag);
 
 /// The field type in which the engine writes a tag that it knows.
-TiffFieldType FieldTypeFor(std::uint16_t tag);
+std::uint16_t FieldTypeFor(std::uint16_t tag);
 
 /// Whether the engine decodes the tag from a value of that field type.
 bool IsDecoded(std::uint16_t tag, std::uint16_t fieldType);

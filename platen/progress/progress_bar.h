@@ -68,8 +68,8 @@ class PLATEN_API ProgressBar : public CMiniFrameWnd {
     void PaintPercentRect(HWND item, double percent);
 };
 
-/// The dialog inside of a ProgressBar.
-class ProgressBarDialog : public CDialog {
+/// The dialog inside of a ProgressBar, which deletes itself with its window. Made from template 0.
+class PLATEN_API ProgressBarDialog : public CDialog {
   public:
     ProgressBarDialog();
     ~ProgressBarDialog() override;

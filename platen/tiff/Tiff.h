@@ -13,7 +13,7 @@ namespace platen::tiff {
 class EntryWriter;
 }
 
-/// Reverses the bytes of a 16-bit value unless the byte-order word is TIFF_INTEL.
+/// Reverses the bytes of a 16-bit value unless the byte-order word is kIntel.
 extern "C" PLATEN_API std::uint16_t SwapSHORT(std::uint16_t value, std::uint16_t order);
 
 /// One TIFF file: byte order, size, name, the decoded record of every directory in its chain, the
@@ -185,8 +185,8 @@ class PLATEN_API Tiff : public CObject {
 
     /// \name Writing
     /// A directory is written only when NewSubfileType or SubfileType is set, and none is when
-    /// directory 0 is an old-form XK directory. `format` is TIFF_INTEL or TIFF_MOTOROLA; for
-    /// another word the header's mark is that word and values are as for TIFF_MOTOROLA. Writing
+    /// directory 0 is an old-form XK directory. `format` is kIntel or kMotorola; for
+    /// another word the header's mark is that word and values are as for kMotorola. Writing
     /// relocates the records' first strip offsets. Each step stores a status of its own, so that
     /// the last one's remains: compare the file when it matters, or use TiffCopy.
     /// @{

@@ -60,7 +60,7 @@ struct Mender {
     }
     /// The record takes a SHORT for signed; no image has a negative size.
     void operator()(const platen::tiff::SizeField& field) const {
-        if (entry.Type == TIFF_SHORT) {
+        if (entry.Type == platen::kTypeShort) {
             record.*field.value = static_cast<std::uint16_t>(entry.ValueOffset);
         }
     }

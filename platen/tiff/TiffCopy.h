@@ -69,7 +69,7 @@ class PLATEN_API TiffCopy : public Tiff {
     /// permissions, extended attributes and access lists, or is not replaced. On a failure errno,
     /// on Windows the last error, is `Result::systemError`.
     ///
-    /// `format` is TIFF_INTEL or TIFF_MOTOROLA.
+    /// `format` is kIntel or kMotorola.
     ///
     /// `name` may be the file being read, which must still be open. Afterwards the object is one
     /// that has read the new file: its records and the handle given to `Read` are of that one. On

@@ -5,18 +5,18 @@
 
 #include <platen/tiff/records.h>
 
-/// Conversions between machine and file byte order. The machine's order is TIFF_INTEL; for any
+/// Conversions between machine and file byte order. The machine's order is platen::kIntel; for any
 /// other word the bytes are reversed.
 static_assert(std::endian::native == std::endian::little);
 
 namespace platen::tiff {
 
 constexpr std::uint16_t SwapSHORT(std::uint16_t value, std::uint16_t order) {
-    return order == TIFF_INTEL ? value : static_cast<std::uint16_t>(value << 8 | value >> 8);
+    return order == kIntel ? value : static_cast<std::uint16_t>(value << 8 | value >> 8);
 }
 
 constexpr std::uint32_t SwapLONG(std::uint32_t value, std::uint16_t order) {
-    return order == TIFF_INTEL ? value : __builtin_bswap32(value);
+    return order == kIntel ? value : __builtin_bswap32(value);
 }
 
 /// Converts both halves in place and gives the converted pair.

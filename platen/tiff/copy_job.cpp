@@ -44,9 +44,9 @@ constexpr bool IsOwn(std::uint16_t tag) {
 
 /// The entry's last four bytes as they stood in the file.
 std::uint32_t RawField(const TiffIFDEntryStruct& entry, std::uint16_t order) {
-    const bool oneShort = entry.Type == TIFF_SHORT && entry.Count == 1;
-    const bool asItStands = entry.Type < TIFF_ASCII || entry.Type > TIFF_RATIONAL ||
-                            (entry.Type == TIFF_ASCII && entry.Count <= 4);
+    const bool oneShort = entry.Type == kTypeShort && entry.Count == 1;
+    const bool asItStands = entry.Type < kTypeAscii || entry.Type > kTypeRational ||
+                            (entry.Type == kTypeAscii && entry.Count <= 4);
     if (oneShort) {
         return SwapSHORT(static_cast<std::uint16_t>(entry.ValueOffset), order);
     }
@@ -86,7 +86,7 @@ Result CopyRun(void* file, OutputFile& output, StripRun run, std::uint32_t swapB
         if (!ReadAt(file, run.offset, buffer, bytes)) {
             return {Outcome::SourceFailed, -1, "the image data could not be read", SystemError()};
         }
-        ConvertElements(buffer, buffer, bytes / swapBytes, swapBytes, TIFF_MOTOROLA);
+        ConvertElements(buffer, buffer, bytes / swapBytes, swapBytes, kMotorola);
         if (!output.Write(buffer, bytes)) {
             return FailureOf(output);
         }
@@ -132,7 +132,7 @@ const char* CopyJob::RefusedTag(short dir) const {
 /// Writers may give RowsPerStrip as SHORT, which no record takes.
 std::uint32_t CopyJob::RowsPerStrip(short dir) const {
     for (const TiffCopy::KeptEntry& kept : KeptOf(dir)) {
-        if (kept.entry.Tag == kRowsPerStrip && kept.entry.Type == TIFF_SHORT) {
+        if (kept.entry.Tag == kRowsPerStrip && kept.entry.Type == kTypeShort) {
             return kept.entry.ValueOffset;
         }
     }
@@ -147,7 +147,7 @@ bool CopyJob::IsAsRead(std::size_t dir) const {
 }
 
 Result CopyJob::Plan() {
-    if (m_order != TIFF_INTEL && m_order != TIFF_MOTOROLA) {
+    if (m_order != kIntel && m_order != kMotorola) {
         return {Outcome::Refused, -1, "the byte order is not known"};
     }
     std::int64_t position = kHeaderSize;
@@ -260,7 +260,7 @@ Result CopyJob::CollectEntries(short dir, DirectoryBytes& directory) {
         }
     }
     if (!directory.Has(kNewSubfileType) && !directory.Has(kSubfileType)) {
-        directory.Add({kNewSubfileType, TIFF_LONG, 1, 0});
+        directory.Add({kNewSubfileType, kTypeLong, 1, 0});
     }
     return {};
 }
@@ -273,7 +273,7 @@ void CopyJob::AddStrips(const Image& image, DirectoryBytes& directory) {
     const auto planes = static_cast<std::size_t>(image.plan.planes);
     const auto add = [&](std::uint16_t tag) {
         const bool single = m_numbers.size() == 1;
-        directory.Add({tag, TIFF_LONG, static_cast<std::int32_t>(m_numbers.size()),
+        directory.Add({tag, kTypeLong, static_cast<std::int32_t>(m_numbers.size()),
                        single ? static_cast<std::intptr_t>(m_numbers[0])
                               : reinterpret_cast<std::intptr_t>(m_numbers.data())});
     };

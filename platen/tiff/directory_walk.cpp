@@ -57,12 +57,12 @@ struct ValueFinder {
                    : Value(static_cast<std::int32_t>(std::strlen(text)) + 1, AddressOf(text));
     }
     Result operator()(const WordArrayField& field) const {
-        return Array(TIFF_SHORT, record.*field.values, record.*field.count);
+        return Array(kTypeShort, record.*field.values, record.*field.count);
     }
     Result operator()(const OffsetArrayField& field) const {
         return record.*field.shorts != nullptr
-                   ? Array(TIFF_SHORT, record.*field.shorts, record.*field.count)
-                   : Array(TIFF_LONG, record.*field.longs, record.*field.count);
+                   ? Array(kTypeShort, record.*field.shorts, record.*field.count)
+                   : Array(kTypeLong, record.*field.longs, record.*field.count);
     }
     Result operator()(const WordPairField& field) const {
         const auto& pair = record.*field.values;
@@ -85,7 +85,7 @@ struct ValueFinder {
         const std::uint32_t used = std::min(*count, kColorTableSlots);
         const bool held =
             std::any_of(slots, slots + used, [](std::uint16_t slot) { return slot != 0; });
-        return held ? Numbers(TIFF_SHORT, slots, used) : Result();
+        return held ? Numbers(kTypeShort, slots, used) : Result();
     }
     Result operator()(const BlockSlot& /*field*/) const { return std::nullopt; }
     Result operator()(const LongSlot& /*field*/) const { return std::nullopt; }

@@ -16,7 +16,7 @@ void SwapAll(std::uint8_t* bytes, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
         T element;
         std::memcpy(&element, bytes + i * sizeof(T), sizeof(T));
-        element = Swap(element, TIFF_MOTOROLA);
+        element = Swap(element, kMotorola);
         std::memcpy(bytes + i * sizeof(T), &element, sizeof(T));
     }
 }
@@ -40,16 +40,16 @@ struct Placement {
 /// A count of 0 or less gives an entry whose value bytes are zero.
 Placement PlacementOf(const EntryValue& value) {
     switch (value.type) {
-        case TIFF_ASCII:
+        case kTypeAscii:
             return {value.count > kTextInEntry ? Place::Behind : Place::InEntry, 1};
-        case TIFF_SHORT:
+        case kTypeShort:
             return {value.count <= 1   ? Place::Number
                     : value.count == 2 ? Place::InEntry
                                        : Place::Behind,
                     2};
-        case TIFF_LONG:
+        case kTypeLong:
             return {value.count <= 1 ? Place::Number : Place::Behind, 4};
-        case TIFF_RATIONAL:
+        case kTypeRational:
             return {value.count > 0 ? Place::Behind : Place::Nowhere, 4, 2};
         default:
             return {};
@@ -104,7 +104,7 @@ void ConvertElements(void* target, const void* source, std::size_t count, std::s
     if (target != source) {
         std::memcpy(target, source, count * elementSize);
     }
-    if (order == TIFF_INTEL) {
+    if (order == kIntel) {
         return;
     }
     auto* bytes = static_cast<std::uint8_t*>(target);

@@ -13,7 +13,7 @@ inline void UnpackWords(const TiffIFDEntryStruct& entry, std::uint16_t order,
                         std::uint16_t (&words)[2]) {
     const auto low = static_cast<std::uint16_t>(entry.ValueOffset);
     const auto high = static_cast<std::uint16_t>(entry.ValueOffset >> 16U);
-    const bool lowFirst = order == TIFF_INTEL || entry.Count == 1;
+    const bool lowFirst = order == kIntel || entry.Count == 1;
     words[0] = lowFirst ? low : high;
     words[1] = lowFirst ? high : low;
 }

@@ -60,7 +60,7 @@ std::uint16_t* Tiff::GetWORDArray(void* file, const TiffIFDEntryStruct& entry) {
         return values;
     }
     auto* values = reinterpret_cast<std::uint16_t*>(FetchBlock(file, entry, sizeof(std::uint16_t)));
-    if (values != nullptr && m_Format != TIFF_INTEL) {
+    if (values != nullptr && m_Format != platen::kIntel) {
         std::for_each(values, values + entry.Count,
                       [&](std::uint16_t& value) { value = SwapSHORT(value, Order()); });
     }
@@ -76,7 +76,7 @@ std::uint32_t* Tiff::GetLONGArray(void* file, const TiffIFDEntryStruct& entry) {
         return value;
     }
     auto* values = reinterpret_cast<std::uint32_t*>(FetchBlock(file, entry, sizeof(std::uint32_t)));
-    if (values != nullptr && m_Format != TIFF_INTEL) {
+    if (values != nullptr && m_Format != platen::kIntel) {
         std::for_each(values, values + entry.Count, [&](std::uint32_t& value) {
             value = platen::tiff::SwapLONG(value, Order());
         });
@@ -101,7 +101,7 @@ Rational Tiff::GetRATIONAL(void* file, const TiffIFDEntryStruct& entry) {
 
 Rational* Tiff::GetRATIONALArray(void* file, const TiffIFDEntryStruct& entry) {
     auto* values = reinterpret_cast<Rational*>(FetchBlock(file, entry, sizeof(Rational)));
-    if (values != nullptr && m_Format != TIFF_INTEL) {
+    if (values != nullptr && m_Format != platen::kIntel) {
         std::for_each(values, values + entry.Count,
                       [&](Rational& value) { platen::tiff::SwapRATIONAL(value, Order()); });
     }

@@ -149,10 +149,10 @@ struct ListingPrinter {
 };
 
 const char* FormatWord(std::int16_t format) {
-    if (format == TIFF_INTEL) {
+    if (format == kIntel) {
         return "INTEL";
     }
-    return format == TIFF_MOTOROLA ? "MOTOROLA" : "Unkown";
+    return format == kMotorola ? "MOTOROLA" : "Unkown";
 }
 
 }  // namespace

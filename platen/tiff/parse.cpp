@@ -32,7 +32,7 @@ struct NumberParser {
 
     /// A SHORT is widened with its sign.
     bool operator()(const SizeField& field) const {
-        record.*field.value = entry.Type == TIFF_SHORT
+        record.*field.value = entry.Type == kTypeShort
                                   ? static_cast<std::int16_t>(entry.ValueOffset)
                                   : static_cast<std::int32_t>(entry.ValueOffset);
         return true;
@@ -72,7 +72,7 @@ struct EntryParser {
     }
 
     Stored operator()(const OffsetArrayField& field) const {
-        return entry.Type == TIFF_SHORT
+        return entry.Type == kTypeShort
                    ? Replace(record.*field.shorts, tiff.GetWORDArray(file, entry))
                    : Replace(record.*field.longs, tiff.GetLONGArray(file, entry));
     }

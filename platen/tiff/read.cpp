@@ -72,8 +72,8 @@ class RawEntries {
 /// An entry as it stands in the file becomes one in machine byte order. A value that stands in the
 /// entry is left-justified there (TIFF 6.0, section 2).
 void Normalise(TiffIFDEntryStruct& entry, std::uint16_t order) {
-    if (order == TIFF_INTEL) {
-        if (entry.Type == TIFF_SHORT && entry.Count == 1) {
+    if (order == platen::kIntel) {
+        if (entry.Type == platen::kTypeShort && entry.Count == 1) {
             entry.ValueOffset = static_cast<std::uint16_t>(entry.ValueOffset);
         }
         return;
@@ -86,10 +86,10 @@ void Normalise(TiffIFDEntryStruct& entry, std::uint16_t order) {
     entry.Type = static_cast<std::uint16_t>(head >> 32U);
     entry.Count = static_cast<std::uint32_t>(head);
     const std::uint32_t value = SwapLONG(entry.ValueOffset, order);
-    if (entry.Type == TIFF_SHORT && entry.Count == 1) {
+    if (entry.Type == platen::kTypeShort && entry.Count == 1) {
         entry.ValueOffset = value >> 16U;
-    } else if ((entry.Type >= TIFF_SHORT && entry.Type <= TIFF_RATIONAL) ||
-               (entry.Type == TIFF_ASCII && entry.Count > platen::tiff::kTextInEntry)) {
+    } else if ((entry.Type >= platen::kTypeShort && entry.Type <= platen::kTypeRational) ||
+               (entry.Type == platen::kTypeAscii && entry.Count > platen::tiff::kTextInEntry)) {
         entry.ValueOffset = value;
     }
 }
@@ -152,7 +152,7 @@ long Tiff::ReadHeader(void* file) {
         return Fail(-3);
     }
     const std::uint16_t order = words[0];
-    if (order != TIFF_MOTOROLA && order != TIFF_INTEL) {
+    if (order != platen::kMotorola && order != platen::kIntel) {
         return Fail(-3);
     }
     m_Format = static_cast<std::int16_t>(order);

@@ -2,18 +2,22 @@
 
 #include <cstdint>
 
-/// The TIFF field types that the engine reads and writes (TIFF 6.0, section 2).
-enum TiffFieldType : std::uint16_t {
-    TIFF_BYTE = 1,
-    TIFF_ASCII = 2,
-    TIFF_SHORT = 3,
-    TIFF_LONG = 4,
-    TIFF_RATIONAL = 5
-};
+#include <platen/tags/field_type.h>
+
+namespace platen {
+
+/// The field types that the engine reads and writes, as the numbers that entries hold.
+inline constexpr auto kTypeByte = static_cast<std::uint16_t>(FieldType::Byte);
+inline constexpr auto kTypeAscii = static_cast<std::uint16_t>(FieldType::Ascii);
+inline constexpr auto kTypeShort = static_cast<std::uint16_t>(FieldType::Short);
+inline constexpr auto kTypeLong = static_cast<std::uint16_t>(FieldType::Long);
+inline constexpr auto kTypeRational = static_cast<std::uint16_t>(FieldType::Rational);
 
 /// The byte-order words, which are the first two bytes of a file.
-inline constexpr std::int16_t TIFF_INTEL = 0x4949;     ///< "II", little-endian
-inline constexpr std::int16_t TIFF_MOTOROLA = 0x4D4D;  ///< "MM", big-endian
+inline constexpr std::int16_t kIntel = 0x4949;     ///< "II", little-endian
+inline constexpr std::int16_t kMotorola = 0x4D4D;  ///< "MM", big-endian
+
+}  // namespace platen
 
 /// A TIFF RATIONAL: a fraction of two unsigned numbers.
 struct Rational {

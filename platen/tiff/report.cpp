@@ -38,14 +38,14 @@ class EntryLines {
 
     void Values() {
         switch (m_entry.Type) {
-            case TIFF_BYTE:
+            case platen::kTypeByte:
                 return Single(m_entry.ValueOffset & 0xFFFFU);
-            case TIFF_ASCII:
+            case platen::kTypeAscii:
                 m_out.Text(" Data: '").Text(static_cast<const char*>(m_data)).Text("'\r\n");
                 return;
-            case TIFF_SHORT:
+            case platen::kTypeShort:
                 return Numbers<std::uint16_t>(m_entry.ValueOffset & 0xFFFFU);
-            case TIFF_LONG:
+            case platen::kTypeLong:
                 return Numbers<std::uint32_t>(static_cast<std::int32_t>(m_entry.ValueOffset));
             default:
                 return Rationals();
@@ -211,7 +211,8 @@ void Tiff::DumpAppendHeader() {
         if (m_FileName != nullptr && *m_FileName != '\0') {
             out.Text("TIFFDUMP: ").Text(m_FileName).Text(kLineEnd);
         }
-        out.Text(m_Format == TIFF_MOTOROLA ? "MOTOROLA file format\r\n" : "INTEL file format\r\n");
+        out.Text(m_Format == platen::kMotorola ? "MOTOROLA file format\r\n"
+                                               : "INTEL file format\r\n");
         out.Text("Version ").Hex(static_cast<std::uint16_t>(m_Version)).Text(kLineEnd);
     });
 }
@@ -233,7 +234,7 @@ void Tiff::DumpAppendIFDCount(std::uint16_t count) {
 void Tiff::DumpAppendIFD(const char* name, const TiffIFDEntryStruct& entry, const void* data,
                          std::uint32_t held) {
     if (m_Dump == 0 || TypeWord(entry.Type).empty() ||
-        (entry.Type == TIFF_ASCII && data == nullptr)) {
+        (entry.Type == platen::kTypeAscii && data == nullptr)) {
         return;
     }
     DumpWrite([&](auto& out) {

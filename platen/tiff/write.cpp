@@ -37,7 +37,7 @@ class BlankDirectories {
   public:
     BlankDirectories(void* file, std::uint16_t order)
         : m_file(file),
-          m_blank{0, SwapSHORT(TIFF_LONG, order), platen::tiff::SwapLONG(1, order), 0} {}
+          m_blank{0, SwapSHORT(platen::kTypeLong, order), platen::tiff::SwapLONG(1, order), 0} {}
 
     /// One directory: number 0, `entries` placeholders and no link. False when a write failed.
     bool Add(std::size_t entries) {

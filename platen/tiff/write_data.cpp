@@ -105,7 +105,8 @@ long Tiff::WriteDATA(void* file, short format) {
     FILE_lseek(file, 0, 2);
     ForEachDataArea([&](short dir, std::int64_t size) {
         const TiffIFDStdDirStruct& record = m_StdDir[dir];
-        const bool swapped = format == TIFF_MOTOROLA && platen::tiff::BytesPerPixel(record) == 2;
+        const bool swapped =
+            format == platen::kMotorola && platen::tiff::BytesPerPixel(record) == 2;
         const std::int64_t source = platen::tiff::SourceOf(record);
         const bool readable = source >= 0 && FILE_lseek(m_hFile, static_cast<LONG>(source), 0) >= 0;
         WriteArea(file, RowBytes(record), size, [&](std::uint8_t* buffer, LONG bytes) {

@@ -129,11 +129,11 @@ Bytes Pixels() {
 
 /// A gray image, a text far from the directory, and a tag that no record holds.
 Bytes GrayImage() {
-    return Build(
-        {.data = Pixels(),
-         .directories = {{{Longs(254, {0}), Longs(256, {kSide}), Longs(257, {kSide}),
-                           Shorts(258, {8}), Longs(273, {8}), Word(305, TIFF_ASCII, 20, 5000),
-                           Longs(279, {kSide * kSide}), Longs(34000, {1, 2})}}}});
+    return Build({.data = Pixels(),
+                  .directories = {
+                      {{Longs(254, {0}), Longs(256, {kSide}), Longs(257, {kSide}), Shorts(258, {8}),
+                        Longs(273, {8}), Word(305, platen::kTypeAscii, 20, 5000),
+                        Longs(279, {kSide * kSide}), Longs(34000, {1, 2})}}}});
 }
 
 TEST(FailingMemory, AWrittenFileIsTakenForWhole) {
@@ -144,7 +144,7 @@ TEST(FailingMemory, AWrittenFileIsTakenForWhole) {
     ASSERT_EQ(tiff.Read(source), 1);
     const Bytes pixels = Pixels();
     const int failures = FailInTurn([&] {
-        const long status = tiff.WriteCopy(written.Name(), TIFF_INTEL);
+        const long status = tiff.WriteCopy(written.Name(), platen::kIntel);
         const bool happened = platen::test::g_failure.happened;
         const Failure armed = std::exchange(platen::test::g_failure, {});
         EXPECT_TRUE(status == 1 || happened) << status;
@@ -168,7 +168,7 @@ TEST(FailingMemory, ACopyIsLeftHalfDone) {
         void* source = tiff.Open(file.Name(), 0);
         platen::test::g_failure = armed;
         tiff.Read(source);
-        const TiffCopy::Result result = tiff.CopyTo(copy.c_str(), TIFF_INTEL);
+        const TiffCopy::Result result = tiff.CopyTo(copy.c_str(), platen::kIntel);
         armed = std::exchange(platen::test::g_failure, {});
         const bool done = result.outcome == TiffCopy::Outcome::Done;
         refused += result.outcome == TiffCopy::Outcome::NoMemory ? 1 : 0;

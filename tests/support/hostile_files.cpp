@@ -22,7 +22,7 @@ Bytes LinkIntoTheMiddle() {
     // Seen from byte 20 on, this is a directory as well, and its link leads to byte 22.
     Directory directory;
     for (std::uint16_t tag = 256; tag < 276; ++tag) {
-        directory.entries.push_back(Word(tag, TIFF_SHORT, 1, 22));
+        directory.entries.push_back(Word(tag, kTypeShort, 1, 22));
     }
     directory.link = 20;
     Bytes bytes = Build({.directories = {directory}});
@@ -34,9 +34,9 @@ Bytes HugeCounts() {
     Directory directory;
     constexpr std::uint16_t kTags[] = {258, 273, 279, 282, 305, 320};
     for (const std::uint16_t tag : kTags) {
-        const std::uint16_t type = tag == 282   ? TIFF_RATIONAL
-                                   : tag == 305 ? TIFF_ASCII
-                                                : TIFF_SHORT;
+        const std::uint16_t type = tag == 282   ? kTypeRational
+                                   : tag == 305 ? kTypeAscii
+                                                : kTypeShort;
         directory.entries.push_back(Word(tag, type, 0x7FFFFFFF, 8));
     }
     Bytes bytes = Build({.directories = {directory}});
@@ -98,13 +98,13 @@ std::vector<Entry> SmallBlocks() {
 std::vector<Entry> LargeBlocks(std::uint32_t count) {
     std::vector<Entry> entries;
     for (const std::uint16_t tag : kShortTags) {
-        entries.push_back(Word(tag, TIFF_SHORT, count, 8));
+        entries.push_back(Word(tag, kTypeShort, count, 8));
     }
     for (const std::uint16_t tag : kTextTags) {
-        entries.push_back(Word(tag, TIFF_ASCII, count, 8));
+        entries.push_back(Word(tag, kTypeAscii, count, 8));
     }
-    entries.push_back(Word(282, TIFF_RATIONAL, count / 8, 8));
-    entries.push_back(Word(319, TIFF_RATIONAL, count / 8, 8));
+    entries.push_back(Word(282, kTypeRational, count / 8, 8));
+    entries.push_back(Word(319, kTypeRational, count / 8, 8));
     return entries;
 }
 
@@ -134,10 +134,10 @@ std::vector<NamedFile> HostileFiles() {
         {"overlapping, short", Overlapping(SmallBlocks(), 32700, 5, 30)},
         {"many small blocks", Repeated(SmallBlocks(), 7000)},
         {"one block shared by all", Repeated(LargeBlocks(1000000), 100, 2000000)},
-        {"one long text", Repeated({Word(305, TIFF_ASCII, 1999000, 100)}, 5000, 2000000)},
-        {"longest directory of fractions", LongestDirectory(Word(282, TIFF_RATIONAL, 90000, 8))},
+        {"one long text", Repeated({Word(305, kTypeAscii, 1999000, 100)}, 5000, 2000000)},
+        {"longest directory of fractions", LongestDirectory(Word(282, kTypeRational, 90000, 8))},
         {"longest directory of bytes", LongestDirectory(Word(700, 1, 1, 7))},
-        {"longest directory of wide tables", LongestDirectory(Word(319, TIFF_RATIONAL, 7, 8))},
+        {"longest directory of wide tables", LongestDirectory(Word(319, kTypeRational, 7, 8))},
     };
 }
 

@@ -32,11 +32,11 @@ Place PlaceOf(const PagedFile& file, std::uint32_t page) {
 /// The page's entries; `values` is where the values that do not fit in them stand.
 std::vector<Entry> Entries(const PagedFile& file, std::uint32_t page, std::uint32_t values) {
     // clang-format off
-    return {Longs(254, {2}), Longs(256, {1}), Longs(257, {1}), Word(258, TIFF_SHORT, 3, values),
+    return {Longs(254, {2}), Longs(256, {1}), Longs(257, {1}), Word(258, kTypeShort, 3, values),
             Shorts(259, {1}), Shorts(262, {2}), Longs(273, {PagedFile::kStripOffset}),
             Shorts(274, {1}), Shorts(277, {3}), Longs(278, {1}),
-            Longs(279, {PagedFile::kStripBytes}), Word(282, TIFF_RATIONAL, 1, values + kBitsSize),
-            Word(283, TIFF_RATIONAL, 1, values + kBitsSize + kRationalSize), Shorts(284, {1}),
+            Longs(279, {PagedFile::kStripBytes}), Word(282, kTypeRational, 1, values + kBitsSize),
+            Word(283, kTypeRational, 1, values + kBitsSize + kRationalSize), Shorts(284, {1}),
             Shorts(296, {2}), Shorts(297, {page, file.pages})};
     // clang-format on
 }

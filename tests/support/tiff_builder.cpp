@@ -26,7 +26,7 @@ std::size_t LongValuesSize(const Directory& directory) {
     return size;
 }
 
-Entry MakeEntry(std::uint16_t tag, TiffFieldType type, unsigned width,
+Entry MakeEntry(std::uint16_t tag, std::uint16_t type, unsigned width,
                 std::vector<std::uint32_t> numbers) {
     const auto count = static_cast<std::uint32_t>(numbers.size());
     return {tag, type, count, width, std::move(numbers)};
@@ -77,19 +77,19 @@ void PutDirectory(Bytes& bytes, const Directory& directory, DirectoryPlace place
 }  // namespace
 
 Entry Bytes8(std::uint16_t tag, std::vector<std::uint32_t> numbers) {
-    return MakeEntry(tag, TIFF_BYTE, 1, std::move(numbers));
+    return MakeEntry(tag, kTypeByte, 1, std::move(numbers));
 }
 
 Entry Shorts(std::uint16_t tag, std::vector<std::uint32_t> numbers) {
-    return MakeEntry(tag, TIFF_SHORT, 2, std::move(numbers));
+    return MakeEntry(tag, kTypeShort, 2, std::move(numbers));
 }
 
 Entry Longs(std::uint16_t tag, std::vector<std::uint32_t> numbers) {
-    return MakeEntry(tag, TIFF_LONG, 4, std::move(numbers));
+    return MakeEntry(tag, kTypeLong, 4, std::move(numbers));
 }
 
 Entry Rationals(std::uint16_t tag, const std::vector<Rational>& fractions) {
-    Entry entry = MakeEntry(tag, TIFF_RATIONAL, 4, {});
+    Entry entry = MakeEntry(tag, kTypeRational, 4, {});
     for (const Rational& fraction : fractions) {
         entry.numbers.push_back(fraction.Numerator);
         entry.numbers.push_back(fraction.Denominator);
@@ -104,7 +104,7 @@ Entry Text(std::uint16_t tag, std::string_view text) {
         characters.push_back(static_cast<unsigned char>(character));
     }
     characters.push_back(0);
-    return MakeEntry(tag, TIFF_ASCII, 1, std::move(characters));
+    return MakeEntry(tag, kTypeAscii, 1, std::move(characters));
 }
 
 Entry Word(std::uint16_t tag, std::uint16_t type, std::uint32_t count, std::uint32_t word) {

@@ -52,9 +52,9 @@ Inspection::Inspection(const std::string& name) : m_name(name), m_source(name) {
 
 const char* Inspection::Format() const {
     switch (Engine().getFormat()) {
-        case TIFF_INTEL:
+        case kIntel:
             return "INTEL";
-        case TIFF_MOTOROLA:
+        case kMotorola:
             return "MOTOROLA";
         default:
             return nullptr;

@@ -47,7 +47,7 @@ struct TextOf {
     /// The record takes a SHORT for signed.
     Text operator()(const tiff::SizeField& field) const {
         const std::int32_t size = record.*field.value;
-        return std::to_string(stored.Type == TIFF_SHORT ? static_cast<std::uint16_t>(size) : size);
+        return std::to_string(stored.Type == kTypeShort ? static_cast<std::uint16_t>(size) : size);
     }
     Text operator()(const tiff::RationalField& field) const {
         return Joined(&(record.*field.value), 1);

@@ -71,9 +71,9 @@ void TransferOptions::AddTo(CLI::App& command) {
 
 short TransferOptions::OrderFor(const Tiff& source) const {
     if (intel) {
-        return TIFF_INTEL;
+        return kIntel;
     }
-    return motorola ? TIFF_MOTOROLA : source.getFormat();
+    return motorola ? kMotorola : source.getFormat();
 }
 
 int CopyFaithfully(SourceFile<TiffCopy>& source, const TransferOptions& options) {
