@@ -1,13 +1,13 @@
 # platen_limit_exports(TARGET): only what platen/exports lists leaves an ELF shared library, and the
 # library's calls of its own functions stay inside, whatever the host calls its own.
 #
-# The linker knows C++ names with their arguments; a class stands for its members here. What of it is
-# seen the sources decide (PLATEN_API), and scripts/check-exports compares name by name.
+# The linker knows C++ names with their arguments, so a pattern stands for each. What of it is seen the
+# sources decide (PLATEN_API), and scripts/check-exports compares name by name.
 function(platen_limit_exports target)
     set(folder ${PROJECT_SOURCE_DIR}/platen/exports)
     file(STRINGS ${folder}/platen.def plain REGEX "^ +[A-Za-z0-9_]+$")
     file(STRINGS ${folder}/names lines REGEX "^[^#]")
-    set(cpp)
+    set(cpp "*thunk?to?*")
     foreach(line IN LISTS lines)
         if(line MATCHES "^\\[(.+)\\]$")
             set(section ${CMAKE_MATCH_1})
@@ -16,12 +16,10 @@ function(platen_limit_exports target)
         elseif(line MATCHES "^vtable for (.+)$")
             list(APPEND cpp "*?for?${CMAKE_MATCH_1}")
         elseif(section MATCHES "^c\\+\\+( linux)?$")
-            # A namespace, in small letters, stands for nothing.
-            string(REGEX REPLACE "([A-Z][A-Za-z0-9_]*)::[^:]+$" "\\1::" scope ${line})
-            list(APPEND cpp "${scope}*" "*thunk?to?${scope}*")
+            string(REGEX REPLACE "[^A-Za-z0-9_:]" "?" pattern ${line})
+            list(APPEND cpp "${pattern}*")
         endif()
     endforeach()
-    list(REMOVE_DUPLICATES cpp)
     list(TRANSFORM plain STRIP)
     list(JOIN plain "; " plain)
     list(JOIN cpp "; " cpp)
