@@ -32,6 +32,14 @@ inline Bytes FullAndReduced(Order order) {
                   .directories = {image(0, 12, 1, 1), image(1, 3, 5, 9)}});
 }
 
+/// A gray image with its pixels, and a text by which to tell it from others.
+inline Bytes GrayImage(const std::string& software) {
+    return Build({.data = Bytes(16, 'p'),
+                  .directories = {{{Longs(254, {0}), Shorts(256, {4}), Shorts(257, {4}),
+                                    Shorts(258, {8}), Shorts(259, {1}), Longs(273, {8}),
+                                    Longs(279, {16}), Text(305, software)}}}});
+}
+
 inline std::string ReadingFailed(const TemporaryFile& file) {
     return "platen: " + file.Path() + ": read failure or inconsistent file (status -3)\n";
 }

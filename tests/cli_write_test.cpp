@@ -84,7 +84,7 @@ TEST_F(CliWrite, SetStoresAnotherValueOrChangesOthers) {
     for (const Order order : kOrders) {
         const std::string in = Put("in.tif", TwoImages(order));
         for (const char* format : {"--intel", "--motorola"}) {
-            std::vector<std::string> arguments = {"set", in, At("out.tif"), format};
+            std::vector<std::string> arguments = {"set", in, At("out.tif"), format, "--force"};
             arguments.insert(arguments.end(), edits.begin(), edits.end());
             ASSERT_EQ(Platen(arguments).exitStatus, 0);
             for (const std::string& edit : edits) {
@@ -135,17 +135,17 @@ TEST_F(CliWrite, SetTakesAWrongValueOrTouchesTheOutput) {
         {"ImageWidth=", 1, "no size"}, {"FileTag=", 1, "ColorTable needs FileTag"}};
     // clang-format on
     for (const auto& wrong : cases) {
-        const Outcome outcome = Platen({"set", in, out, wrong.edit});
+        const Outcome outcome = Platen({"set", "-f", in, out, wrong.edit});
         EXPECT_EQ(outcome.exitStatus, wrong.exitStatus) << wrong.edit;
         EXPECT_THAT(outcome.err,
                     StartsWith(wrong.exitStatus == 2 ? "platen set: " : "platen: " + in));
         EXPECT_THAT(outcome.err, HasSubstr(wrong.said)) << wrong.edit;
     }
-    EXPECT_EQ(Platen({"set", in, out, "Artist=a", "315=b"}).exitStatus, 2);
-    EXPECT_EQ(Platen({"set", in, out}).exitStatus, 2);
-    EXPECT_EQ(Platen({"set", in, out, "Artist=a", "--dir", "2"}).exitStatus, 1);
-    EXPECT_EQ(Platen({"set", in, out, "LabName=x", "--dir", "1"}).exitStatus, 1);
-    EXPECT_EQ(Platen({"set", At("no.tif"), out, "Artist=a"}).exitStatus, 1);
+    EXPECT_EQ(Platen({"set", "-f", in, out, "Artist=a", "315=b"}).exitStatus, 2);
+    EXPECT_EQ(Platen({"set", "-f", in, out}).exitStatus, 2);
+    EXPECT_EQ(Platen({"set", "-f", in, out, "Artist=a", "--dir", "2"}).exitStatus, 1);
+    EXPECT_EQ(Platen({"set", "-f", in, out, "LabName=x", "--dir", "1"}).exitStatus, 1);
+    EXPECT_EQ(Platen({"set", "-f", At("no.tif"), out, "Artist=a"}).exitStatus, 1);
     EXPECT_EQ(FileContents(out), "old");
     EXPECT_THAT(Files(), UnorderedElementsAre("in.tif", "out.tif"));
 }

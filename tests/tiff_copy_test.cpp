@@ -1,3 +1,5 @@
+#include <platen/base/system_error.h>
+
 #include "tests/tiff_copying.h"
 
 namespace {
@@ -251,6 +253,42 @@ TEST_F(Copy, ProgressIsWrongOrAnAbortLeavesAFile) {
         EXPECT_EQ(Files(), 2);
     }
     EXPECT_EQ(fs::status(Path("out.tif")).permissions(), permissions);
+}
+
+/// Takes what fits.
+struct Bag {
+    Bytes bytes = {};
+    std::size_t room = 0;
+
+    static bool Take(void* context, const void* bytes, std::size_t size) {
+        auto& bag = *static_cast<Bag*>(context);
+        bag.bytes.append(static_cast<const char*>(bytes), size);
+        platen::SetSystemError(77);
+        return bag.bytes.size() <= bag.room;
+    }
+};
+
+TEST_F(Copy, WhatASinkIsGivenDiffersFromTheFile) {
+    Put("in.tif", Gray({Longs(273, {8, 38, 68, 98}), Longs(278, {3}), Longs(279, {30, 30, 30, 10}),
+                        Longs(34000, {1, 2, 3})}));
+    ASSERT_EQ(CopyTo("out.tif", TIFF_MOTOROLA).outcome, Outcome::Done);
+    const Bytes whole = FileContents(Path("out.tif"));
+    TiffCopy copy;
+    void* handle = copy.Open(Path("in.tif").c_str(), 0);
+    copy.Read(handle);
+    for (Bag bag; bag.room <= whole.size(); bag = {{}, bag.room + 1}) {
+        const Result result = copy.CopyTo(&Bag::Take, &bag, TIFF_MOTOROLA, {});
+        const bool fits = bag.room == whole.size();
+        EXPECT_EQ(result.outcome, fits ? Outcome::Done : Outcome::OutputFailed) << bag.room;
+        EXPECT_EQ(result.systemError, fits ? 0 : 77);
+        EXPECT_TRUE(whole.starts_with(bag.bytes) && (!fits || bag.bytes == whole)) << bag.room;
+    }
+    copy.setTAG(256, 9, 1, 0);
+    Bag bag;
+    EXPECT_EQ(copy.CopyTo(&Bag::Take, &bag, TIFF_INTEL, {}).outcome, Outcome::Refused);
+    EXPECT_EQ(bag.bytes, "");
+    copy.Close(handle);
+    EXPECT_EQ(Files(), 2);
 }
 
 }  // namespace

@@ -181,4 +181,22 @@ TEST(WriteNew, AnImpossibleSizeReservesOrWritesSomething) {
     EXPECT_EQ(tiff.getStdDir()->WriteIFDOffset, 108U);
 }
 
+TEST(WriteInto, AnOpenFileGetsOtherBytesOrIsClosed) {
+    const Bytes source = SmallFile();
+    const struct {
+        long (Tiff::*toName)(const char*, short);
+        long (Tiff::*intoFile)(void*, short);
+    } ways[] = {{&Tiff::WriteCopy, &Tiff::WriteCopyInto}, {&Tiff::WriteNew, &Tiff::WriteNewInto}};
+    for (const auto& way : ways) {
+        const TemporaryFile named;
+        const TemporaryFile open;
+        ASSERT_EQ((ReadTiff<>(source).tiff.*way.toName)(named.Name(), TIFF_MOTOROLA), 1);
+        void* file = FILE_open(open.Name(), 2, nullptr);
+        EXPECT_EQ((ReadTiff<>(source).tiff.*way.intoFile)(file, TIFF_MOTOROLA), 1);
+        EXPECT_EQ(FILE_lseek(file, 0, 2), static_cast<LONG>(named.Contents().size()));
+        FILE_close(file);
+        EXPECT_EQ(Shown(open.Contents()), Shown(named.Contents()));
+    }
+}
+
 }  // namespace

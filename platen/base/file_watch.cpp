@@ -1,10 +1,15 @@
 #include <platen/base/file_watch.h>
+
+#include <atomic>
+
 #include <platen/base/system_error.h>
 
 namespace platen {
 namespace {
 
 thread_local constinit FileWatch* t_innermost = nullptr;
+constinit std::atomic<bool> g_stopped = false;
+static_assert(std::atomic<bool>::is_always_lock_free);
 
 }  // namespace
 
@@ -24,6 +29,14 @@ void FileWatch::Note(Step step) {
             first = reason;
         }
     }
+}
+
+void StopTransfers(bool stop) {
+    g_stopped.store(stop, std::memory_order_relaxed);
+}
+
+bool AreTransfersStopped() {
+    return g_stopped.load(std::memory_order_relaxed);
 }
 
 }  // namespace platen

@@ -42,4 +42,9 @@ class FileWatch {
     FileWatch* m_outer;
 };
 
+/// Makes the FILE_ functions transfer nothing any more, in all threads, or as usual again: what is
+/// under way ends soon, by their failure. Signal handlers may call it.
+void StopTransfers(bool stop);
+[[nodiscard]] bool AreTransfersStopped();
+
 }  // namespace platen

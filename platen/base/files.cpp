@@ -30,8 +30,9 @@ template <typename Piece>
 LONG Transfer(LONG count, Step step, Step ended, Piece piece) {
     LONG total = 0;
     while (total < count) {
-        const auto moved =
-            static_cast<LONG>(piece(total, std::min(count - total, kLargestTransfer)));
+        const LONG left = std::min(count - total, kLargestTransfer);
+        const LONG moved =
+            platen::AreTransfersStopped() ? -1 : static_cast<LONG>(piece(total, left));
         if (moved <= 0) {
             platen::FileWatch::Note(moved < 0 ? step : ended);
             return total > 0 ? total : moved;

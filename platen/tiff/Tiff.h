@@ -197,6 +197,10 @@ class PLATEN_API Tiff : public CObject {
     /// a directory from its first strip on, 16-bit pixels taken as little-endian. Refused with -1
     /// (status 0), and nothing is touched, when `name` is the file being read.
     long WriteCopy(const char* name, short format);
+    /// The same, into a file that is empty and open for reading and writing, and stays so; it is
+    /// not the one that was read. The status.
+    long WriteNewInto(void* file, short format);
+    long WriteCopyInto(void* file, short format);
     /// The layout: relocates first strip offsets and fills the records' writer fields.
     void WriteSetupStructs();
     long WriteHeader(void* file, short format);
@@ -287,6 +291,8 @@ class PLATEN_API Tiff : public CObject {
 
     template <typename DataWriter>
     long WriteFile(const char* name, short format, DataWriter writeData);
+    template <typename DataWriter>
+    long WriteWhole(void* file, short format, DataWriter writeData);
     template <typename Visit>
     void ForEachWritten(Visit visit) const;
     template <typename Visit>

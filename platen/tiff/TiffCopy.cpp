@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include <platen/base/file_watch.h>
 #include <platen/base/files.h>
 #include <platen/base/output_file.h>
 #include <platen/base/system_error.h>
@@ -149,56 +150,92 @@ TiffCopy::Result TiffCopy::CopyTo(const char* name, short format, Progress progr
     return CopyTo(name, format, Options{.progress = progress, .context = context});
 }
 
-TiffCopy::Result TiffCopy::CopyTo(const char* name, short format, const Options& options) {
-    Result result;
+namespace {
+
+constexpr TiffCopy::Result kNoMemory = {TiffCopy::Outcome::NoMemory, -1, "memory is exhausted"};
+
+/// Runs what may run out of memory.
+template <typename Copy>
+TiffCopy::Result Caught(Copy copy) {
+    TiffCopy::Result result;
     try {
-        result = Save(name, format, options);
+        result = copy();
     } catch (const std::bad_alloc&) {
-        result = {Outcome::NoMemory, -1, "memory is exhausted"};
+        result = kNoMemory;
     }
-    if (result.outcome != Outcome::Done) {
+    if (result.outcome != TiffCopy::Outcome::Done) {
         platen::SetSystemError(result.systemError);  // what cleaned up may have changed it
     }
     return result;
 }
 
+TiffCopy::Result FailureOf(const platen::OutputFile& output) {
+    const platen::OutputFailure& why = output.Why();
+    return {why.isGuard ? TiffCopy::Outcome::Guarded : TiffCopy::Outcome::OutputFailed, -1,
+            why.reason, why.systemError};
+}
+
+bool WriteToFile(void* output, const void* bytes, std::size_t size) {
+    return static_cast<platen::OutputFile*>(output)->Write(bytes, size);
+}
+
+}  // namespace
+
+TiffCopy::Result TiffCopy::CopyTo(const char* name, short format, const Options& options) {
+    return Caught([&] { return Save(name, format, options); });
+}
+
+TiffCopy::Result TiffCopy::CopyTo(Sink sink, void* sinkContext, short format,
+                                  const Options& options) {
+    return Caught([&] {
+        platen::tiff::CopyJob job = JobFor(format);
+        const Result planned = job.Plan();
+        return planned.outcome == Outcome::Done ? job.Write({sink, sinkContext}, options) : planned;
+    });
+}
+
+/// The records may have been released since the read, or another file opened.
+platen::tiff::CopyJob TiffCopy::JobFor(short format) const {
+    return {{m_Kept,
+             m_PixelBytes,
+             {m_StdDir, static_cast<std::size_t>(m_NumIFDStdDir)},
+             m_hFile,
+             m_FileSize,
+             m_TagBytes,
+             static_cast<std::uint16_t>(m_Format),
+             m_ReadWhole && m_NumIFDStdDir != 0 && m_hFile == m_FileRead},
+            static_cast<std::uint16_t>(format)};
+}
+
 TiffCopy::Result TiffCopy::Save(const char* name, short format, const Options& options) {
-    // The records may have been released since, or another file opened.
-    if (!m_ReadWhole || m_NumIFDStdDir == 0 || m_hFile != m_FileRead) {
-        return {Outcome::SourceFailed, -1, "the file was not read whole"};
-    }
-    platen::tiff::CopyJob job({m_Kept,
-                               m_PixelBytes,
-                               {m_StdDir, static_cast<std::size_t>(m_NumIFDStdDir)},
-                               m_hFile,
-                               m_FileSize,
-                               m_TagBytes,
-                               static_cast<std::uint16_t>(m_Format)},
-                              static_cast<std::uint16_t>(format));
+    platen::tiff::CopyJob job = JobFor(format);
     Result result = job.Plan();
     if (result.outcome != Outcome::Done) {
         return result;
     }
     platen::OutputFile output;
     if (!output.Create(name, options.insists)) {
-        return platen::tiff::FailureOf(output);
+        return FailureOf(output);
     }
-    result = job.Write(output, options.progress, options.context);
+    result = job.Write({&WriteToFile, &output}, options);
     if (result.outcome != Outcome::Done) {
-        return result;
+        return result.outcome == Outcome::OutputFailed ? FailureOf(output) : result;
     }
     // What the object becomes is read before the old file goes: then nothing can fail any more.
     std::optional<TiffCopy> written;
+    const platen::FileWatch watch;
     if (output.Replaces(m_hFile) &&
         (written.emplace().Read(output.Handle()) != 1 || !written->IsReadWhole())) {
-        return {written->m_Status == -4 ? Outcome::NoMemory : Outcome::OutputFailed, -1,
-                "the output could not be read"};
+        return written->m_Status == -4
+                   ? kNoMemory
+                   : Result{Outcome::OutputFailed, -1, "the output could not be read",
+                            watch.Of(platen::FileWatch::Step::Read).value_or(0)};
     }
     const bool saved = output.Commit(written ? m_hFile : FILE_none());
     if (output.IsFollowed()) {
         Become(*written);
     }
-    result = saved ? Result{} : platen::tiff::FailureOf(output);
+    result = saved ? Result{} : FailureOf(output);
     result.notes = output.Notes();
     return result;
 }

@@ -7,6 +7,10 @@
 #include <platen/platform/api.h>
 #include <platen/tiff/Tiff.h>
 
+namespace platen::tiff {
+class CopyJob;
+}
+
 /// Copies a TIFF file so that any reader shows the same pixels and finds the same tags: what
 /// `Tiff::WriteCopy` leaves to its callers. While it reads, it also notes the entries that a record
 /// does not hold; `CopyTo` writes those beside the records' tags, edited with `setTAG` or not.
@@ -81,6 +85,14 @@ class PLATEN_API TiffCopy : public Tiff {
     Result CopyTo(const char* name, short format, Progress progress = nullptr,
                   void* context = nullptr);
 
+    /// Takes the next bytes of a copy, all of them; false when it could not, with the reason in
+    /// errno, on Windows in the last error.
+    using Sink = bool (*)(void* context, const void* bytes, std::size_t size);
+
+    /// Hands the copy's bytes on from the first to the last, for what is no file that could be
+    /// replaced: a pipe, for instance. A failure comes after what was handed on until then.
+    Result CopyTo(Sink sink, void* sinkContext, short format, const Options& options);
+
     long ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) override;
     long ParseIFDCustomDir(void* file, TiffIFDEntryStruct& entry, short dir) override;
 
@@ -93,6 +105,7 @@ class PLATEN_API TiffCopy : public Tiff {
   private:
     void Count(const TiffIFDEntryStruct& entry);
     long Keep(const TiffIFDEntryStruct& entry, short dir);
+    [[nodiscard]] platen::tiff::CopyJob JobFor(short format) const;
     Result Save(const char* name, short format, const Options& options);
     void Become(TiffCopy& other);
 

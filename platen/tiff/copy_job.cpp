@@ -68,6 +68,10 @@ class ChunkBuffer {
 
 constexpr Result kAborted = {Outcome::Aborted, -1, "aborted"};
 
+Result NotWritten() {
+    return {Outcome::OutputFailed, -1, "the output could not be written", SystemError()};
+}
+
 /// Reads all of it. The system's last error is 0 when the file just ended.
 bool ReadAt(void* file, std::int64_t offset, void* buffer, std::size_t size) {
     const auto count = static_cast<LONG>(size);
@@ -78,7 +82,7 @@ bool ReadAt(void* file, std::int64_t offset, void* buffer, std::size_t size) {
 
 /// Moves a run through the buffer. `goOn(bytes)` is told of each piece and answers whether to.
 template <typename GoOn>
-Result CopyRun(void* file, OutputFile& output, StripRun run, std::uint32_t swapBytes,
+Result CopyRun(void* file, const CopyOutput& output, StripRun run, std::uint32_t swapBytes,
                std::uint8_t* buffer, GoOn goOn) {
     while (run.bytes > 0) {
         const auto size = std::min<std::int64_t>(run.bytes, kChunk);
@@ -88,7 +92,7 @@ Result CopyRun(void* file, OutputFile& output, StripRun run, std::uint32_t swapB
         }
         ConvertElements(buffer, buffer, bytes / swapBytes, swapBytes, kMotorola);
         if (!output.Write(buffer, bytes)) {
-            return FailureOf(output);
+            return NotWritten();
         }
         run.offset += size;
         run.bytes -= size;
@@ -100,12 +104,6 @@ Result CopyRun(void* file, OutputFile& output, StripRun run, std::uint32_t swapB
 }
 
 }  // namespace
-
-Result FailureOf(const OutputFile& output) {
-    const OutputFailure& why = output.Why();
-    return {why.isGuard ? Outcome::Guarded : Outcome::OutputFailed, -1, why.reason,
-            why.systemError};
-}
 
 std::span<const TiffCopy::KeptEntry> CopyJob::KeptOf(short dir) const {
     const auto first = std::ranges::lower_bound(m_source.kept, dir, {}, &TiffCopy::KeptEntry::dir);
@@ -150,6 +148,9 @@ Result CopyJob::Plan() {
     if (m_order != kIntel && m_order != kMotorola) {
         return {Outcome::Refused, -1, "the byte order is not known"};
     }
+    if (!m_source.isWhole) {
+        return {Outcome::SourceFailed, -1, "the file was not read whole"};
+    }
     std::int64_t position = kHeaderSize;
     m_images.resize(m_source.records.size());
     for (std::size_t i = 0; i < m_images.size(); ++i) {
@@ -180,18 +181,18 @@ Result CopyJob::Plan() {
     return {};
 }
 
-Result CopyJob::Write(OutputFile& output, TiffCopy::Progress progress, void* context) {
+Result CopyJob::Write(const CopyOutput& output, const TiffCopy::Options& options) {
     FILE_lseek(m_source.file, 0, 2);  // what others wrote is seen from here on
     const std::uint16_t words[2] = {m_order, SwapSHORT(kVersion, m_order)};
     const std::uint32_t first = SwapLONG(static_cast<std::uint32_t>(m_imagesEnd), m_order);
     if (!output.Write(words, sizeof(words)) || !output.Write(&first, sizeof(first))) {
-        return FailureOf(output);
+        return NotWritten();
     }
-    const Result result = CopyImages(output, progress, context);
-    return result.outcome == Outcome::Done ? WriteDirectories(output, progress, context) : result;
+    const Result result = CopyImages(output, options);
+    return result.outcome == Outcome::Done ? WriteDirectories(output, options) : result;
 }
 
-Result CopyJob::CopyImages(OutputFile& output, TiffCopy::Progress progress, void* context) {
+Result CopyJob::CopyImages(const CopyOutput& output, const TiffCopy::Options& options) {
     const ChunkBuffer buffer;
     if (buffer.Bytes() == nullptr) {
         return {Outcome::NoMemory, -1, "memory is exhausted"};
@@ -199,7 +200,7 @@ Result CopyJob::CopyImages(OutputFile& output, TiffCopy::Progress progress, void
     std::int64_t done = 0;
     const auto goOn = [&](std::int64_t bytes) {
         done += bytes;
-        return progress == nullptr || progress(context, done, m_total) == 0;
+        return options.progress == nullptr || options.progress(options.context, done, m_total) == 0;
     };
     for (const Image& image : m_images) {
         const std::uint32_t swapBytes = NeedsSwap() ? image.plan.swapBytes : 1;
@@ -212,13 +213,13 @@ Result CopyJob::CopyImages(OutputFile& output, TiffCopy::Progress progress, void
         }
         constexpr char kPadding = 0;
         if (image.plan.Bytes() % 2 != 0 && !output.Write(&kPadding, 1)) {
-            return FailureOf(output);
+            return NotWritten();
         }
     }
     return {};
 }
 
-Result CopyJob::WriteDirectories(OutputFile& output, TiffCopy::Progress progress, void* context) {
+Result CopyJob::WriteDirectories(const CopyOutput& output, const TiffCopy::Options& options) {
     std::int64_t position = m_imagesEnd;
     for (std::size_t i = 0; i < m_images.size(); ++i) {
         const auto dir = static_cast<short>(i);
@@ -234,9 +235,10 @@ Result CopyJob::WriteDirectories(OutputFile& output, TiffCopy::Progress progress
             return {Outcome::Refused, dir, "the copy would be larger than 2 GiB"};
         }
         if (!output.Write(bytes.data(), bytes.size())) {
-            return FailureOf(output);
+            return NotWritten();
         }
-        if (progress != nullptr && progress(context, m_total, m_total) != 0) {
+        if (options.progress != nullptr &&
+            options.progress(options.context, m_total, m_total) != 0) {
             return kAborted;
         }
     }

@@ -4,7 +4,6 @@
 #include <span>
 #include <vector>
 
-#include <platen/base/output_file.h>
 #include <platen/tiff/TiffCopy.h>
 #include <platen/tiff/directory_bytes.h>
 #include <platen/tiff/strip_plan.h>
@@ -20,19 +19,27 @@ struct CopySource {
     std::int64_t fileSize;
     std::int64_t tagBytes;  ///< of all entries and their values as they were read
     std::uint16_t order;
+    bool isWhole;
 };
 
-/// What a copy answers when its output failed.
-TiffCopy::Result FailureOf(const OutputFile& output);
+/// Where a copy goes, from its first byte to its last.
+struct CopyOutput {
+    TiffCopy::Sink sink;
+    void* context;
+
+    [[nodiscard]] bool Write(const void* bytes, std::size_t size) const {
+        return sink(context, bytes, size);
+    }
+};
 
 /// One copy: plans every image first, so that a refusal costs nothing, then writes the header, all
-/// images, and the directories behind them, into a file that the caller has made and will end.
+/// images, and the directories behind them.
 class CopyJob {
   public:
     CopyJob(const CopySource& source, std::uint16_t order) : m_source(source), m_order(order) {}
 
     TiffCopy::Result Plan();
-    TiffCopy::Result Write(OutputFile& output, TiffCopy::Progress progress, void* context);
+    TiffCopy::Result Write(const CopyOutput& output, const TiffCopy::Options& options);
 
   private:
     struct Image {
@@ -46,9 +53,8 @@ class CopyJob {
     [[nodiscard]] bool IsAsRead(std::size_t dir) const;
     [[nodiscard]] bool NeedsSwap() const { return m_order != m_source.order; }
 
-    TiffCopy::Result CopyImages(OutputFile& output, TiffCopy::Progress progress, void* context);
-    TiffCopy::Result WriteDirectories(OutputFile& output, TiffCopy::Progress progress,
-                                      void* context);
+    TiffCopy::Result CopyImages(const CopyOutput& output, const TiffCopy::Options& options);
+    TiffCopy::Result WriteDirectories(const CopyOutput& output, const TiffCopy::Options& options);
     TiffCopy::Result CollectEntries(short dir, DirectoryBytes& directory);
     void AddStrips(const Image& image, DirectoryBytes& directory);
     TiffCopy::Result AddKept(const TiffIFDEntryStruct& entry, DirectoryBytes& directory) const;

@@ -84,18 +84,32 @@ long Tiff::WriteFile(const char* name, short format, DataWriter writeData) {
         m_Status = 0;
         return -1;
     }
+    WriteWhole(file, format, writeData);
+    FILE_close(file);
+    return m_Status;
+}
+
+template <typename DataWriter>
+long Tiff::WriteWhole(void* file, short format, DataWriter writeData) {
     WriteSetupStructs();
     WriteHeader(file, format);
     Write1stOffset(file, format);
     writeData(file);
     WriteBlankIFD(file, format);
     WriteFullIFD(file, format);
-    FILE_close(file);
     return m_Status;
 }
 
 long Tiff::WriteNew(const char* name, short format) {
     return WriteFile(name, format, [this](void* file) { WriteDATA(file); });
+}
+
+long Tiff::WriteNewInto(void* file, short format) {
+    return WriteWhole(file, format, [this](void* to) { WriteDATA(to); });
+}
+
+long Tiff::WriteCopyInto(void* file, short format) {
+    return WriteWhole(file, format, [this, format](void* to) { WriteDATA(to, format); });
 }
 
 long Tiff::WriteCopy(const char* name, short format) {

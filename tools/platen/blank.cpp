@@ -13,7 +13,7 @@ void AddBlank(CLI::App& program, int& exitStatus) {
         "Directories without a subfile type are passed over.\n"
         "Example:\n  platen blank scan.tif form.tif");
     command->callback(
-        [options, &exitStatus] { exitStatus = WriteStraight(*options, &Tiff::WriteNew); });
+        [options, &exitStatus] { exitStatus = WriteByEngine(*options, &Tiff::WriteNewInto); });
 }
 
 }  // namespace platen::tool

@@ -12,7 +12,7 @@ struct CopyOptions {
 
 int Copy(const CopyOptions& options) {
     if (options.raw) {
-        return WriteStraight(options.transfer, &Tiff::WriteCopy);
+        return WriteByEngine(options.transfer, &Tiff::WriteCopyInto);
     }
     SourceFile<TiffCopy> source(options.transfer.in);
     if (source.GetProblem().Failed()) {
@@ -29,13 +29,12 @@ void AddCopy(CLI::App& program, int& exitStatus) {
     CLI::App* command = program.add_subcommand(
         "copy", "Copy a file in either byte order, with the same pixels and tags");
     options->transfer.AddTo(*command);
-    command->add_flag("--raw", options->raw, "Write the engine's own copy straight to OUT");
+    command->add_flag("--raw", options->raw, "Write the engine's own copy");
     command->footer(
-        "OUT appears when it is whole; what cannot be copied faithfully, such as compressed\n"
-        "images, is refused. With --raw, nothing is: directories without a subfile type are "
-        "passed\n"
-        "over, and a directory's image is one block from its first strip on.\nExample:\n  platen "
-        "copy --motorola scan.tif big-endian.tif");
+        "OUT appears when it is whole, and can be a pipe; what cannot be copied faithfully, such\n"
+        "as compressed images, is refused. With --raw, directories without a subfile type are\n"
+        "passed over, and a directory's image is one block from its first strip on.\n"
+        "Example:\n  platen copy --motorola scan.tif big-endian.tif");
     command->callback([options, &exitStatus] { exitStatus = Copy(*options); });
 }
 

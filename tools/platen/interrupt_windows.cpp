@@ -1,6 +1,6 @@
 #include <atomic>
-#include <cstdio>
 
+#include <platen/base/file_watch.h>
 #include <platen/platform/win32.h>
 
 #include "interrupt.h"
@@ -15,22 +15,21 @@ std::atomic<bool> g_noted = false;
 /// The system calls it in a thread of its own.
 BOOL WINAPI Note(DWORD /*event*/) {
     g_noted = true;
+    StopTransfers(true);
     return TRUE;
 }
 
 }  // namespace
 
-InterruptGuard::InterruptGuard(std::string halfFile) : m_halfFile(std::move(halfFile)) {
+InterruptGuard::InterruptGuard() {
     g_noted = false;
     SetConsoleCtrlHandler(&Note, TRUE);
 }
 
 InterruptGuard::~InterruptGuard() {
     SetConsoleCtrlHandler(&Note, FALSE);
+    StopTransfers(false);
     if (Noted()) {
-        if (!m_halfFile.empty()) {
-            std::remove(m_halfFile.c_str());
-        }
         ExitProcess(kEndedByInterrupt);
     }
 }

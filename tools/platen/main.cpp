@@ -25,11 +25,25 @@ std::string UsageMessage(const CLI::App* program, const CLI::Error& error) {
     return command + ": " + InMessage(wrong) + "\nTry '" + command + " --help'.\n";
 }
 
+bool g_memoryRanOut = false;
+
+void NoteNoMemory() {
+    g_memoryRanOut = true;
+    throw std::bad_alloc();
+}
+
 /// Prints help, version or what is wrong with the command line.
 int EndParsing(const CLI::App& program, const CLI::ParseError& error) {
     std::ostringstream out;
     std::ostringstream err;
+    // Streams keep to themselves that there was no memory for what they were given.
+    g_memoryRanOut = false;
+    const std::new_handler before = std::set_new_handler(&NoteNoMemory);
     const bool wrong = program.exit(error, out, err) != 0;
+    std::set_new_handler(before);
+    if (g_memoryRanOut) {
+        throw std::bad_alloc();
+    }
     PrintToStandardError(err.str());
     Output output;
     output.Write(out.str());

@@ -16,6 +16,7 @@ struct TransferOptions {
     std::string out;
     bool intel = false;
     bool motorola = false;
+    bool force = false;
 
     void AddTo(CLI::App& command);
     /// The byte order asked for, or else that of the source.
@@ -25,7 +26,7 @@ struct TransferOptions {
 /// Writes the faithful copy, with progress, and prints what went wrong. The exit status.
 int CopyFaithfully(SourceFile<TiffCopy>& source, const TransferOptions& options);
 
-/// Reads the input and has the engine write the output straight away. The exit status.
-int WriteStraight(const TransferOptions& options, long (Tiff::*write)(const char*, short));
+/// Reads the input and has the engine write the output by itself. The exit status.
+int WriteByEngine(const TransferOptions& options, long (Tiff::*write)(void*, short));
 
 }  // namespace platen::tool
