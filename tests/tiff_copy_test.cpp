@@ -271,13 +271,13 @@ struct Bag {
 TEST_F(Copy, WhatASinkIsGivenDiffersFromTheFile) {
     Put("in.tif", Gray({Longs(273, {8, 38, 68, 98}), Longs(278, {3}), Longs(279, {30, 30, 30, 10}),
                         Longs(34000, {1, 2, 3})}));
-    ASSERT_EQ(CopyTo("out.tif", TIFF_MOTOROLA).outcome, Outcome::Done);
+    ASSERT_EQ(CopyTo("out.tif", platen::kMotorola).outcome, Outcome::Done);
     const Bytes whole = FileContents(Path("out.tif"));
     TiffCopy copy;
     void* handle = copy.Open(Path("in.tif").c_str(), 0);
     copy.Read(handle);
     for (Bag bag; bag.room <= whole.size(); bag = {{}, bag.room + 1}) {
-        const Result result = copy.CopyTo(&Bag::Take, &bag, TIFF_MOTOROLA, {});
+        const Result result = copy.CopyTo(&Bag::Take, &bag, platen::kMotorola, {});
         const bool fits = bag.room == whole.size();
         EXPECT_EQ(result.outcome, fits ? Outcome::Done : Outcome::OutputFailed) << bag.room;
         EXPECT_EQ(result.systemError, fits ? 0 : 77);
@@ -285,7 +285,7 @@ TEST_F(Copy, WhatASinkIsGivenDiffersFromTheFile) {
     }
     copy.setTAG(256, 9, 1, 0);
     Bag bag;
-    EXPECT_EQ(copy.CopyTo(&Bag::Take, &bag, TIFF_INTEL, {}).outcome, Outcome::Refused);
+    EXPECT_EQ(copy.CopyTo(&Bag::Take, &bag, platen::kIntel, {}).outcome, Outcome::Refused);
     EXPECT_EQ(bag.bytes, "");
     copy.Close(handle);
     EXPECT_EQ(Files(), 2);

@@ -190,9 +190,9 @@ TEST(WriteInto, AnOpenFileGetsOtherBytesOrIsClosed) {
     for (const auto& way : ways) {
         const TemporaryFile named;
         const TemporaryFile open;
-        ASSERT_EQ((ReadTiff<>(source).tiff.*way.toName)(named.Name(), TIFF_MOTOROLA), 1);
+        ASSERT_EQ((ReadTiff<>(source).tiff.*way.toName)(named.Name(), platen::kMotorola), 1);
         void* file = FILE_open(open.Name(), 2, nullptr);
-        EXPECT_EQ((ReadTiff<>(source).tiff.*way.intoFile)(file, TIFF_MOTOROLA), 1);
+        EXPECT_EQ((ReadTiff<>(source).tiff.*way.intoFile)(file, platen::kMotorola), 1);
         EXPECT_EQ(FILE_lseek(file, 0, 2), static_cast<LONG>(named.Contents().size()));
         FILE_close(file);
         EXPECT_EQ(Shown(open.Contents()), Shown(named.Contents()));
