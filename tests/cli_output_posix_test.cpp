@@ -122,4 +122,27 @@ TEST_F(CliOutput, ASourceThatShrinksIsCopiedAsZeros) {
     }
 }
 
+/// Names that lead nowhere fail as those do that may not be followed, whoever runs the test.
+TEST_F(CliOutput, ASystemsReasonIsToldAsAnotherOne) {
+    fs::create_symlink("loop", At("loop"));
+    const struct {
+        const char* command;
+        const char* said;
+    } cases[] = {
+        {"info loop", "platen: loop: could not be opened: Too many levels of symbolic links (st"},
+        {"dump in.tif/x", "platen: in.tif/x: could not be opened: Not a directory (status 0)\n"},
+        {"get nix 256", "platen: nix: could not be opened: No such file or directory (status 0)\n"},
+        {"list .", "platen: .: could not be opened: Is a directory (status 0)\n"},
+        {"copy in.tif loop", "loop: the output could not be looked at: Too many levels of symbo"},
+        {"blank -f in.tif loop", "loop: the output could not be looked at: Too many levels of sy"},
+        {"copy in.tif in.tif/x", "in.tif/x: the output could not be created: Not a directory\n"},
+        {"copy --raw in.tif no/x", "no/x: the output could not be created: No such file or dir"}};
+    for (const auto& failing : cases) {
+        const Outcome outcome = Shell(std::string("\"$P\" ") + failing.command);
+        EXPECT_EQ(outcome.exitStatus, 1) << failing.command;
+        EXPECT_THAT(outcome.err, HasSubstr(failing.said)) << failing.command;
+    }
+    EXPECT_THAT(Files(), UnorderedElementsAre("in.tif", "loop"));
+}
+
 }  // namespace

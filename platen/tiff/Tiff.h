@@ -122,6 +122,8 @@ class PLATEN_API Tiff : public CObject {
     /// file has no directory, and without one whose number of entries could not be read. The last
     /// one may be cut short; its record's `NumEntries` is then 0.
     [[nodiscard]] short DirectoriesMet() const { return m_DirectoriesMet; }
+    /// How many entries these directories say they have, together and modulo 65,536.
+    [[nodiscard]] std::uint16_t EntriesMet() const { return m_TotalEntries; }
     /// Stores the file's size and moves to its start; always 1. A file of 2 GiB or more counts as
     /// one of 2 GiB - 1, since no offset leads further.
     long ReadSize(void* file);

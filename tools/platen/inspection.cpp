@@ -1,6 +1,5 @@
 #include "inspection.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <limits>
 
@@ -30,24 +29,25 @@ std::uint64_t WholeSize(const std::string& name, long counted) {
 
 }  // namespace
 
-/// The engine adds up all numbers, modulo 65,536.
-std::uint16_t CountingTiff::Entries(short dir) const {
-    if (m_StdDir[dir].NumEntries != 0 || dir + 1 != DirectoriesMet()) {
-        return m_StdDir[dir].NumEntries;
-    }
-    std::uint16_t entries = m_TotalEntries;
-    std::for_each(m_StdDir, m_StdDir + dir, [&entries](const TiffIFDStdDirStruct& record) {
-        entries = static_cast<std::uint16_t>(entries - record.NumEntries);
-    });
-    return entries;
-}
-
 Inspection::Inspection(const std::string& name) : m_name(name), m_source(name) {
     m_size = WholeSize(name, Engine().getFileSize());
     for (std::size_t i = 0; i < kRoles.size(); ++i) {
         const short dir = (Engine().*kRoles[i].select)();
         m_chosen[i] = dir < Directories() ? dir : static_cast<short>(-1);
     }
+}
+
+/// The record of the last directory does not tell when that was cut short.
+std::uint16_t Inspection::Entries(short dir) const {
+    const std::uint16_t entries = Directory(dir).NumEntries;
+    if (entries != 0 || dir + 1 != Directories()) {
+        return entries;
+    }
+    std::uint16_t others = 0;
+    for (short other = 0; other < dir; ++other) {
+        others = static_cast<std::uint16_t>(others + Directory(other).NumEntries);
+    }
+    return static_cast<std::uint16_t>(Engine().EntriesMet() - others);
 }
 
 const char* Inspection::Format() const {

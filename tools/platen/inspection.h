@@ -25,12 +25,6 @@ inline constexpr std::array<Role, 6> kRoles = {{
     {"xkold", &Tiff::GetXKoldIFDDir},
 }};
 
-/// Knows the number of entries of a directory that was cut short, too.
-class CountingTiff : public Tiff {
-  public:
-    [[nodiscard]] std::uint16_t Entries(short dir) const;
-};
-
 /// One file, read, as the `info` command sees it.
 class Inspection {
   public:
@@ -47,18 +41,18 @@ class Inspection {
     [[nodiscard]] const TiffIFDStdDirStruct& Directory(short dir) const {
         return Engine().getStdDir()[dir];
     }
-    /// As the directory says.
-    [[nodiscard]] std::uint16_t Entries(short dir) const { return Engine().Entries(dir); }
+    /// As the directory says, be it cut short.
+    [[nodiscard]] std::uint16_t Entries(short dir) const;
     /// "XKold", "XK", "B", "G", "P", "R", or "unknown".
     [[nodiscard]] const char* ClassOf(short dir) const;
     /// By role, the directory that has it, or -1.
     [[nodiscard]] const std::array<short, kRoles.size()>& Chosen() const { return m_chosen; }
 
   private:
-    [[nodiscard]] const CountingTiff& Engine() const { return m_source.GetEngine(); }
+    [[nodiscard]] const Tiff& Engine() const { return m_source.GetEngine(); }
 
     std::string m_name;
-    SourceFile<CountingTiff> m_source;
+    SourceFile<Tiff> m_source;
     std::uint64_t m_size = 0;                     ///< bytes
     std::array<short, kRoles.size()> m_chosen{};  ///< once for all: each looks at every directory
 };

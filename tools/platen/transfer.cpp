@@ -37,6 +37,9 @@ Target TargetOf(const TransferOptions& options) {
     if (type == fs::file_type::not_found) {
         return isStream ? Target::Stream : Target::File;
     }
+    if (type == fs::file_type::none) {
+        return refuse("the output could not be looked at");
+    }
     error.clear();
     const bool isSource = fs::equivalent(PathOf(options.in.c_str()), out, error);
     if (error) {
