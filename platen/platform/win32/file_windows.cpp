@@ -52,19 +52,19 @@ ssize_t FileWindows::Read(int descriptor, off_t position, void* buffer, std::siz
     while (done < count) {
         const off_t at = position + static_cast<off_t>(done);
         Window* window = Find(at);
-        if (window == nullptr && count - done >= kDirect) {
+        if (window == nullptr && count - done < kDirect) {
+            window = Place(at);
+            if (window != nullptr && !Fill(descriptor, *window, at)) {
+                return done > 0 ? static_cast<ssize_t>(done) : -1;
+            }
+        }
+        if (window == nullptr) {  // too much for one, or no memory for it
             const ssize_t got = ReadAt(descriptor, out + done, count - done, at);
             if (got <= 0) {
                 return done > 0 ? static_cast<ssize_t>(done) : got;
             }
             done += static_cast<std::size_t>(got);
             continue;
-        }
-        if (window == nullptr) {
-            window = Fill(descriptor, at);
-        }
-        if (window == nullptr) {
-            return done > 0 ? static_cast<ssize_t>(done) : -1;
         }
         const std::size_t held = std::min(window->HeldFrom(at), count - done);
         if (held == 0) {
@@ -90,29 +90,25 @@ FileWindows::Window* FileWindows::Find(off_t position) {
     return nullptr;
 }
 
-/// Reads on until a window holds the position's byte, which one call need not bring. Null when the
-/// read failed or memory is exhausted; a window without that byte when the file ends before it.
-FileWindows::Window* FileWindows::Fill(int descriptor, off_t position) {
-    Window* window = Place(position);
-    if (window == nullptr) {
-        return nullptr;
-    }
-    const auto wanted = static_cast<std::size_t>(position - window->start) + 1;
-    while (window->filled < wanted) {
+/// Reads on until the window holds the position's byte, which one call need not bring, or the file
+/// ends before it. False when the read failed.
+bool FileWindows::Fill(int descriptor, Window& window, off_t position) {
+    const auto wanted = static_cast<std::size_t>(position - window.start) + 1;
+    while (window.filled < wanted) {
         const ssize_t got =
-            ReadAt(descriptor, window->bytes + window->filled, window->size - window->filled,
-                   window->start + static_cast<off_t>(window->filled));
+            ReadAt(descriptor, window.bytes + window.filled, window.size - window.filled,
+                   window.start + static_cast<off_t>(window.filled));
         if (got < 0) {
-            return nullptr;
+            return false;
         }
         if (got == 0) {
             break;
         }
-        window->filled += static_cast<std::size_t>(got);
+        window.filled += static_cast<std::size_t>(got);
     }
-    window->used = ++m_clock;
-    m_last = static_cast<std::size_t>(window - m_windows.data());
-    return window;
+    window.used = ++m_clock;
+    m_last = static_cast<std::size_t>(&window - m_windows.data());
+    return true;
 }
 
 /// The window that is to hold the position's byte: one that was not read so far, or an empty one.

@@ -70,7 +70,7 @@ class FileWindows {
     void CatchUp(int descriptor);
     ChangeCount& OwnChanges(int descriptor);
     Window* Find(off_t position);
-    Window* Fill(int descriptor, off_t position);
+    bool Fill(int descriptor, Window& window, off_t position);
     Window* Place(off_t position);
     [[nodiscard]] std::size_t SizeFor(off_t position) const;
     Window& LeastRecentlyUsed();
