@@ -3,6 +3,7 @@
 #include <climits>
 #include <cstring>
 
+#include <platen/base/memory_figure.h>
 #include <platen/base/system.h>
 #include <platen/platform/afx/file_status.h>
 #include <platen/progress/percent.h>
@@ -45,9 +46,24 @@ TEST(MemoryFigures, FlagsSelectTheWrongFigures) {
     // The totals stay the same between two calls; the available figures do not.
     EXPECT_EQ(HowMuchMemory(5), saturated(status.dwTotalPhys));
     EXPECT_EQ(HowMuchMemory(7), saturated(status.dwTotalPageFile));
-    EXPECT_EQ(HowMuchMemory(6), saturated(status.dwTotalPageFile) - saturated(status.dwTotalPhys));
+    EXPECT_EQ(HowMuchMemory(6), static_cast<DWORD>(status.dwTotalPageFile - status.dwTotalPhys));
     EXPECT_GT(HowMuchMemory(9), 0U);
     EXPECT_LE(HowMuchMemory(9), HowMuchMemory(5));
+}
+
+TEST(MemoryFigures, ADifferenceIsTakenOfFiguresThatWereCut) {
+    constexpr SIZE_T kUnit = SIZE_T{1} << (sizeof(SIZE_T) == 8 ? 30U : 29U);
+    MEMORYSTATUS status = {};
+    status.dwTotalPhys = 4 * kUnit;
+    status.dwTotalPageFile = 7 * kUnit;
+    status.dwAvailPhys = 3 * kUnit;
+    status.dwAvailPageFile = 2 * kUnit;
+    const auto wrapped = [](int units) { return static_cast<DWORD>(units) * DWORD{kUnit}; };
+    EXPECT_EQ(platen::MemoryFigure(6, status), wrapped(3));
+    EXPECT_EQ(platen::MemoryFigure(10, status), wrapped(-1));
+    EXPECT_EQ(platen::MemoryFigure(14, status), wrapped(2));
+    EXPECT_EQ(platen::MemoryFigure(11, status), wrapped(2));
+    EXPECT_EQ(platen::MemoryFigure(7, status), sizeof(SIZE_T) == 8 ? UINT32_MAX : wrapped(7));
 }
 
 TEST(Percentage, A32BitMachineRoundsOtherwise) {

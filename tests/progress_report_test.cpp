@@ -30,6 +30,10 @@ TEST(Report, ALongMessageIsNotCutOrAShortOneKeepsARest) {
     EXPECT_EQ(CORE_GetReportMessage(), std::string(255, 'x'));
     CORE_SetReportMessage("short");
     EXPECT_STREQ(CORE_GetReportMessage(), "short");
+    CORE_SetReportMessage("a part of the message that is kept");
+    CORE_SetReportMessage(CORE_GetReportMessage() + 2);
+    CORE_SetReportMessage(CORE_GetReportMessage());
+    EXPECT_STREQ(CORE_GetReportMessage(), "part of the message that is kept");
     CORE_SetReportMessage(nullptr);
     EXPECT_STREQ(CORE_GetReportMessage(), "");
 }

@@ -165,6 +165,11 @@ TEST_F(StatusProgress, TheMemoryTextIsMisspeltOrShownElsewhere) {
     const std::string start = std::string("Memory (Total = ") + total + "K, Available = ";
     EXPECT_THAT(std::string(Pane(1)), testing::StartsWith(start));
     EXPECT_THAT(std::string(Pane(1)), testing::EndsWith("K)"));
+    const int edge = -1;
+    host.statusBar.SetPaneEdges(&edge, 1);
+    EXPECT_EQ(DisplayMemoryStatus(), 0) << "no such pane";
+    host.statusBar.DestroyWindow();
+    EXPECT_EQ(DisplayMemoryStatus(), 0) << "the bar's window is gone";
 }
 
 }  // namespace

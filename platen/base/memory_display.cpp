@@ -33,7 +33,9 @@ int DisplayMemoryStatus() {
     CString text;
     text.Format("Memory (Total = %sK, Available = %sK)", Grouped(total).data(),
                 Grouped(available).data());
-    statusBar->SetPaneText(1, text, TRUE);
+    if (statusBar->SetPaneText(1, text, TRUE) == FALSE) {
+        return 0;  // the bar's window is gone, or has no such pane
+    }
     statusBar->Invalidate(TRUE);
     return 1;
 }

@@ -1,3 +1,4 @@
+#include <platen/base/memory_figure.h>
 #include <platen/base/system.h>
 #include <platen/platform/afx/file_status.h>
 
@@ -33,23 +34,23 @@ DWORD Saturated(SIZE_T bytes) {
     return static_cast<DWORD>(std::min<std::uint64_t>(bytes, UINT32_MAX));
 }
 
+/// Figures by themselves end at 4 GiB; a difference wraps there.
 DWORD Combined(int flags, SIZE_T physical, SIZE_T pagingFile) {
-    DWORD sum = 0;
-    if ((flags & kPhysical) != 0) {
-        sum += Saturated(physical);
+    switch (flags & (kPhysical | kPagingFile)) {
+        case kPhysical:
+            return Saturated(physical);
+        case kPhysical | kPagingFile:
+            return Saturated(pagingFile);
+        case kPagingFile:
+            return static_cast<DWORD>(pagingFile - physical);
+        default:
+            return 0;
     }
-    if ((flags & kPagingFile) != 0) {
-        sum += Saturated(pagingFile) - Saturated(physical);
-    }
-    return sum;
 }
 
 }  // namespace
 
-DWORD HowMuchMemory(int flags) {
-    MEMORYSTATUS status = {};
-    status.dwLength = sizeof(status);
-    ::GlobalMemoryStatus(&status);
+DWORD platen::MemoryFigure(int flags, const MEMORYSTATUS& status) {
     DWORD sum = 0;
     if ((flags & kTotal) != 0) {
         sum += Combined(flags, status.dwTotalPhys, status.dwTotalPageFile);
@@ -58,6 +59,13 @@ DWORD HowMuchMemory(int flags) {
         sum += Combined(flags, status.dwAvailPhys, status.dwAvailPageFile);
     }
     return sum;
+}
+
+DWORD HowMuchMemory(int flags) {
+    MEMORYSTATUS status = {};
+    status.dwLength = sizeof(status);
+    ::GlobalMemoryStatus(&status);
+    return platen::MemoryFigure(flags, status);
 }
 
 int IsFileExist(const char* name) {

@@ -1,6 +1,7 @@
 #include <platen/base/status_bar.h>
 #include <platen/progress/report.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -26,7 +27,11 @@ int CORE_EnableReportCallBack(int enable) {
 }
 
 void CORE_SetReportMessage(const char* text) {
-    std::strncpy(g_message.data(), text == nullptr ? "" : text, g_message.size() - 1);
+    // The text may be the one that is stored, or a part of it.
+    const char* from = text == nullptr ? "" : text;
+    const std::size_t length = ::strnlen(from, g_message.size() - 1);
+    std::memmove(g_message.data(), from, length);
+    std::fill(g_message.begin() + static_cast<std::ptrdiff_t>(length), g_message.end(), '\0');
 }
 
 const char* CORE_GetReportMessage() {
