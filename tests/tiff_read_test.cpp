@@ -1,3 +1,5 @@
+#include <platen/tiff/TiffCopy.h>
+
 #include "tests/support/read_tiff.h"
 
 namespace {
@@ -135,6 +137,21 @@ TEST(Open, AnswerStatusOrNameIsWrong) {
     }
 }
 
+TEST(Open, TheObjectsOwnNameIsLost) {
+    const TemporaryFile file(Build({.directories = {{}}}));
+    Tiff tiff;
+    tiff.Close(tiff.Open(file.Name(), 0));
+    void* again = tiff.Open(tiff.GetFileName(), 2);
+    EXPECT_NE(again, FILE_none());
+    EXPECT_EQ(tiff.getFileAttributes(), 2);
+    EXPECT_STREQ(tiff.GetFileName(), file.Name());
+    tiff.Close(again);
+    EXPECT_EQ(tiff.SetFileName(tiff.GetFileName()), 1);
+    EXPECT_STREQ(tiff.GetFileName(), file.Name());
+    EXPECT_EQ(tiff.SetFileName(tiff.GetFileName() + 3), 1);
+    EXPECT_STREQ(tiff.GetFileName(), file.Name() + 3);
+}
+
 /// Keeps private tag 34000; tag 34001 stops the walk.
 class InstrumentTiff : public Tiff {
   public:
@@ -175,6 +192,82 @@ TEST(Subclass, ItsTagIsNotHandedOnOrItsStopIsIgnored) {
     EXPECT_EQ(stopped.status, -2);
     EXPECT_EQ(stopped.Count(), 1);
     EXPECT_EQ(stopped.Record().ImageLength, 0);
+}
+
+/// Notes where the file stands at each entry, halves every ImageWidth where it stands in the file,
+/// and doubles the ImageLength behind it.
+template <typename Base>
+class Patcher : public Base {
+  public:
+    long ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir) override {
+        places.push_back(FILE_lseek(file, 0, 1));
+        if (entry.Tag == 256) {
+            entry.ValueOffset /= 2;
+            FILE_lseek(file, -12, 1);
+            FILE_write(file, &entry, sizeof(entry));
+            TiffIFDEntryStruct behind = {};
+            FILE_read(file, &behind, sizeof(behind));
+            behind.ValueOffset *= 2;
+            FILE_lseek(file, -12, 1);
+            FILE_write(file, &behind, sizeof(behind));
+            FILE_lseek(file, -12, 1);
+        }
+        return Base::ParseIFDStdDir(file, entry, dir);
+    }
+    long ParseIFDCustomDir(void* file, TiffIFDEntryStruct& entry, short dir) override {
+        EXPECT_EQ(FILE_lseek(file, 0, 1), places.back());
+        return Base::ParseIFDCustomDir(file, entry, dir);
+    }
+    std::vector<LONG> places;
+};
+
+template <typename Base>
+void ExpectPatched() {
+    const auto build = [](std::uint32_t width, std::uint32_t length) {
+        std::vector<Entry> entries = {Longs(256, {width}), Longs(257, {length})};
+        for (std::uint16_t tag = 40000; tag < 40050; ++tag) {
+            entries.push_back(Longs(tag, {tag}));
+        }
+        return Build({.directories = {{entries}, {entries}}});
+    };
+    const TemporaryFile file(build(8, 5));
+    Patcher<Base> tiff;
+    void* handle = tiff.Open(file.Name(), 2);
+    EXPECT_EQ(tiff.Read(handle), 1);
+    ASSERT_EQ(tiff.places.size(), 104U);
+    for (std::size_t i = 0; i < tiff.places.size(); ++i) {
+        const std::size_t start = i < 52 ? 10 : 10 + 52 * 12 + 4 + 2;
+        EXPECT_EQ(tiff.places[i], static_cast<LONG>(start + (i % 52 + 1) * 12)) << i;
+    }
+    EXPECT_EQ(tiff.getStdDir()[1].ImageWidth, 4);
+    EXPECT_EQ(tiff.getStdDir()[1].ImageLength, 10) << "read before it was written";
+    EXPECT_TRUE(file.Contents() == build(4, 10));
+    tiff.Close(handle);
+}
+
+TEST(Subclass, ItSeesTheFileBehindAnotherEntry) {
+    ExpectPatched<Tiff>();
+    ExpectPatched<TiffCopy>();
+}
+
+TEST(Blocks, ABlockIsHeldAgainstAnotherFile) {
+    ReadTiff<> read(Build({.directories = {{{Shorts(256, {5})}}}}));
+    ASSERT_EQ(read.status, 1);
+    const TemporaryFile other(Bytes(300000, 'b'));
+    void* handle = FILE_open(other.Name(), 0, nullptr);
+    constexpr long kBytes = 400000;
+    auto* block = read.tiff.CreateBLOCK(handle, 0, kBytes);
+    ASSERT_NE(block, nullptr);
+    EXPECT_TRUE(Bytes(block, block + kBytes) == Bytes(300000, 'b') + Bytes(100000, '\0'));
+    read.tiff.DeleteBLOCK(block);
+    auto* words = read.tiff.GetWORDArray(handle, {258, TIFF_SHORT, 150000, 0});
+    ASSERT_NE(words, nullptr);
+    EXPECT_EQ(words[149999], 0x6262);
+    read.tiff.DeleteBLOCK(reinterpret_cast<std::uint8_t*>(words));
+    EXPECT_EQ(read.tiff.GetWORDArray(handle, {258, TIFF_SHORT, 0x30000000, 0}), nullptr)
+        << "an entry has memory taken that no file has values for";
+    FILE_close(handle);
+    EXPECT_EQ(Tiff().GetLONGArray(read.handle, {273, TIFF_LONG, 0x10000000, 0}), nullptr);
 }
 
 TEST(Blocks, ARawBlockMovesTheFileOrReadsBeyondIt) {

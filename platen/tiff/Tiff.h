@@ -28,8 +28,8 @@ extern "C" PLATEN_API std::uint16_t SwapSHORT(std::uint16_t value, std::uint16_t
 ///   failure, or an inconsistent file; -4 memory exhausted, or a value that cannot be fetched;
 ///   -6 entry written to the handle -1.
 ///
-/// No file makes `Read` spend more than a fixed multiple of the file's size. A block of values that
-/// exceeds 31 bits, or the file by more than 64 KiB, counts as no memory. Over one read, entries
+/// No file makes `Read` spend more than a fixed multiple of the file's size. An entry's values that
+/// exceed 31 bits, or the file by more than 64 KiB, count as no memory. Over one read, entries
 /// end at 8 per 12 bytes of file plus 65,536 (then -3), and values and report together at 32 times
 /// the larger of file and 1 MiB (then no more values, and the report is abandoned).
 ///
@@ -44,8 +44,9 @@ class PLATEN_API Tiff : public CObject {
     Tiff();
     ~Tiff() override;
 
-    /// Fills record `dir` from one entry; 1 lets `Read` go on, anything else stops it. An override
-    /// may use the fetchers, and calls this one for tags that it leaves alone. -4 without records.
+    /// Fills record `dir` from one entry; 1 lets `Read` go on, anything else stops it. The file
+    /// stands right behind the entry, and an override leaves it there. It may use the fetchers, and
+    /// calls this one for tags that it leaves alone. -4 without records.
     virtual long ParseIFDStdDir(void* file, TiffIFDEntryStruct& entry, short dir);
     /// The hook for tags that the standard parser does not know; reports the entry and answers 1.
     virtual long ParseIFDCustomDir(void* file, TiffIFDEntryStruct& entry, short dir);
@@ -89,7 +90,8 @@ class PLATEN_API Tiff : public CObject {
     [[nodiscard]] int getFileAttributes() const { return m_FileAttributes; }
     /// Stored, and never called.
     void setCallBack(CallBack callBack) { m_CallBack = callBack; }
-    /// Stores a copy; 1, or -4 and no name is stored. Null stores no name.
+    /// Stores a copy, also of the stored name itself; 1, or -4 and no name is stored. Null stores
+    /// no name.
     long SetFileName(const char* name);
     /// The stored name, or null.
     [[nodiscard]] const char* GetFileName() const { return m_FileName; }
@@ -98,7 +100,7 @@ class PLATEN_API Tiff : public CObject {
     /// \name Raw blocks
     /// @{
     /// A new zero-filled block with `size` bytes of the file from `offset` on, as far as the file
-    /// has them; the file position stays. Null for size 0, a size that the class comment rules out,
+    /// has them; the file position stays. Null for a size that is not positive or exceeds 31 bits,
     /// or without memory. The caller releases it with `DeleteBLOCK`.
     std::uint8_t* CreateBLOCK(void* file, long offset, long size);
     /// Releases a block; always null.
@@ -250,6 +252,10 @@ class PLATEN_API Tiff : public CObject {
     /// @}
 
   protected:
+    /// What `Read` does. Not hooked, that is, without overrides of the parsers which care where the
+    /// file stands and what was written to it meanwhile, entries are read many at a time.
+    long ReadAll(void* file, bool hooked);
+
     CallBack m_CallBack = nullptr;
     char* m_FileName = nullptr;
     void* m_hFile = nullptr;
@@ -272,6 +278,7 @@ class PLATEN_API Tiff : public CObject {
     struct Allowance {
         std::uint64_t entries = UINT64_MAX;
         std::uint64_t bytes = UINT64_MAX;  ///< of values and report text
+        std::int32_t fileSize = -1;        ///< of the file being read; -1 outside of a read
     };
 
     long Fail(std::int32_t status);
@@ -282,12 +289,12 @@ class PLATEN_API Tiff : public CObject {
     [[nodiscard]] short LastDir() const { return static_cast<short>(m_NumIFDStdDir - 1); }
     [[nodiscard]] std::uint16_t Order() const { return static_cast<std::uint16_t>(m_Format); }
 
-    bool ReadChain(void* file);
-    bool ReadDirectory(void* file, TiffIFDOffsetStruct& offset, TiffIFDEntryStruct& entry);
+    bool ReadChain(void* file, bool hooked);
+    bool ReadDirectory(void* file, TiffIFDOffsetStruct& offset, TiffIFDEntryStruct& entry,
+                       bool hooked);
     void CheckImageFits();
     bool SpendBytes(std::uint64_t count);
 
-    [[nodiscard]] bool BlockFits(std::uint64_t size) const;
     std::uint8_t* FetchBlock(void* file, const TiffIFDEntryStruct& entry, std::uint32_t elementSize,
                              std::uint32_t extra = 0);
 

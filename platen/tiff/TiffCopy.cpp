@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <optional>
+#include <typeinfo>
 #include <utility>
 
 #include <platen/base/file_watch.h>
@@ -79,7 +80,7 @@ long TiffCopy::Read(void* file) {
     m_Kept.clear();
     m_TagBytes = 0;
     m_FileRead = file;
-    if (Tiff::Read(file) == -3 && m_ReadWhole) {
+    if (ReadAll(file, typeid(*this) != typeid(TiffCopy)) == -3 && m_ReadWhole) {
         m_Status = 1;
     }
     try {

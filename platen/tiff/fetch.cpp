@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 #include <platen/tiff/Tiff.h>
 #include <platen/tiff/blocks.h>
@@ -12,13 +13,26 @@
 using platen::tiff::kTextInEntry;
 using platen::tiff::NewBlock;
 
+namespace {
+
+/// The most bytes that the values of one entry may take, of a file of that size.
+std::uint64_t ValuesAllowed(LONG fileSize) {
+    constexpr std::uint64_t kSlack = 65536;
+    constexpr std::uint64_t kMost = std::numeric_limits<LONG>::max();
+    return std::min(static_cast<std::uint64_t>(fileSize) + kSlack, kMost);
+}
+
+}  // namespace
+
 /// The raw block of an entry's values, and `extra` bytes of what the file has behind them; null and
-/// status -4 when it cannot be had.
+/// status -4 when it cannot be had. Outside of a read the file may be any, and is measured.
 std::uint8_t* Tiff::FetchBlock(void* file, const TiffIFDEntryStruct& entry,
                                std::uint32_t elementSize, std::uint32_t extra) {
     const std::uint64_t size = std::uint64_t{entry.Count} * elementSize + extra;
+    const LONG fileSize =
+        m_Allowance.fileSize >= 0 ? m_Allowance.fileSize : platen::tiff::Measure(file);
     std::uint8_t* block = nullptr;
-    if (BlockFits(size) && SpendBytes(size)) {
+    if (size <= ValuesAllowed(fileSize) && SpendBytes(size)) {
         block = CreateBLOCK(file, static_cast<std::int32_t>(entry.ValueOffset),
                             static_cast<long>(size));
     }

@@ -15,9 +15,6 @@ IMPLEMENT_DYNCREATE(Tiff, CObject)
 namespace {
 
 constexpr std::size_t kRecordSize = sizeof(TiffIFDStdDirStruct);
-constexpr std::uint64_t kLargestBlock = std::numeric_limits<std::int32_t>::max();
-/// What a block of values may exceed its file by.
-constexpr std::uint64_t kBlockSlack = 65536;
 
 }  // namespace
 
@@ -150,28 +147,20 @@ void Tiff::ResetStdDir(short dir) {
     InitStdDir(dir);
 }
 
+/// The name may be the stored one, or a part of it: it is copied before that goes.
 long Tiff::SetFileName(const char* name) {
+    const std::size_t size = name == nullptr ? 0 : std::strlen(name) + 1;
+    char* copy = name == nullptr ? nullptr : platen::tiff::NewBlock<char>(size);
+    if (copy != nullptr) {
+        std::memcpy(copy, name, size);
+    }
     platen::tiff::ReleaseBlock(m_FileName);
-    if (name == nullptr) {
-        return 1;
-    }
-    const std::size_t size = std::strlen(name) + 1;
-    m_FileName = platen::tiff::NewBlock<char>(size);
-    if (m_FileName == nullptr) {
-        return Fail(-4);
-    }
-    std::memcpy(m_FileName, name, size);
-    return 1;
-}
-
-/// An object that has measured no file takes every size of 31 bits.
-bool Tiff::BlockFits(std::uint64_t size) const {
-    return size <= kLargestBlock &&
-           (m_FileSize == 0 || size <= static_cast<std::uint32_t>(m_FileSize) + kBlockSlack);
+    m_FileName = copy;
+    return name == nullptr || copy != nullptr ? 1 : Fail(-4);
 }
 
 std::uint8_t* Tiff::CreateBLOCK(void* file, long offset, long size) {
-    if (size <= 0 || !BlockFits(static_cast<std::uint64_t>(size))) {
+    if (size <= 0 || size > std::numeric_limits<LONG>::max()) {
         return nullptr;
     }
     auto* block = platen::tiff::NewBlock<std::uint8_t>(static_cast<std::size_t>(size));

@@ -1,12 +1,14 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <typeinfo>
 
 #include <platen/base/file_watch.h>
 #include <platen/base/files.h>
 #include <platen/tiff/Tiff.h>
 #include <platen/tiff/byte_order.h>
 #include <platen/tiff/file_layout.h>
+#include <platen/tiff/peek.h>
 #include <platen/tiff/visited_offsets.h>
 
 using platen::tiff::kEntrySize;
@@ -39,7 +41,7 @@ class RawEntries {
     /// False, and the position is at the entry, when it has to be read by itself: the file ends
     /// soon or cannot be read.
     bool Take(TiffIFDEntryStruct& entry) {
-        if (m_next == m_end && !ReadAhead()) {
+        if (m_next == m_end && (m_left == 0 || !ReadAhead())) {
             return false;
         }
         entry = *m_next++;
@@ -104,7 +106,8 @@ void* Tiff::Open(const char* name, long mode) {
     LONG attribute = -1;
     void* file = FILE_none();
     if (SetFileName(name) == 1) {
-        file = FILE_open(name, static_cast<LONG>(mode), &attribute);
+        // The argument may have been the name stored before, which is gone.
+        file = FILE_open(m_FileName, static_cast<LONG>(mode), &attribute);
     }
     if (file == FILE_none()) {
         m_Status = 0;
@@ -121,14 +124,19 @@ void* Tiff::Close(void* file) {
 }
 
 long Tiff::Read(void* file) {
+    return ReadAll(file, typeid(*this) != typeid(Tiff));
+}
+
+long Tiff::ReadAll(void* file, bool hooked) {
     ResetFileVars();
     m_hFile = file;
     ReadSize(file);
+    m_Allowance.fileSize = m_FileSize;
     const auto size = static_cast<std::uint64_t>(m_FileSize);
     m_Allowance.entries = kEntriesPerEntrySize * size / kEntrySize + kFreeEntries;
     m_Allowance.bytes = kBytesPerByte * std::max(size, kSmallFile);
     const platen::FileWatch watch;
-    const bool walked = ReadHeader(file) == 1 && ReadChain(file);
+    const bool walked = ReadHeader(file) == 1 && ReadChain(file, hooked);
     m_ReadWhole = walked && m_Status == 1 && !watch.Of(platen::FileWatch::Step::Read);
     if (walked) {
         CheckImageFits();
@@ -138,10 +146,8 @@ long Tiff::Read(void* file) {
 }
 
 long Tiff::ReadSize(void* file) {
-    const LONG end = FILE_lseek(file, 0, 2);
-    const bool usable = FILE_lseek(file, 0, 0) == 0;
-    const LONG beyondPositions = usable ? std::numeric_limits<LONG>::max() : 0;
-    m_FileSize = end >= 0 ? end : beyondPositions;
+    m_FileSize = platen::tiff::Measure(file);
+    FILE_lseek(file, 0, 0);
     return 1;
 }
 
@@ -167,7 +173,7 @@ long Tiff::ReadHeader(void* file) {
 
 /// Walks the chain; false when the walk stopped before its end. The first offset is noted before
 /// its directory is read, so that a directory which links to itself is read once.
-bool Tiff::ReadChain(void* file) {
+bool Tiff::ReadChain(void* file, bool hooked) {
     TiffIFDOffsetStruct offset = {0};
     if (ReadIFDOffset(file, offset) != 1) {
         return false;
@@ -179,7 +185,7 @@ bool Tiff::ReadChain(void* file) {
             m_Status = -4;
             return false;
         }
-        if (!ReadDirectory(file, offset, entry)) {
+        if (!ReadDirectory(file, offset, entry, hooked)) {
             return false;
         }
         if (offset.Offset == 0) {
@@ -199,7 +205,10 @@ bool Tiff::ReadChain(void* file) {
 }
 
 /// Reads the directory at `offset` into the last record and stores the next directory's offset.
-bool Tiff::ReadDirectory(void* file, TiffIFDOffsetStruct& offset, TiffIFDEntryStruct& entry) {
+/// A hook sees the file where the entry ends, and what it writes there is read: entries are read
+/// one by one for it.
+bool Tiff::ReadDirectory(void* file, TiffIFDOffsetStruct& offset, TiffIFDEntryStruct& entry,
+                         bool hooked) {
     TiffIFDNumStruct count = {0};
     if (ReadIFDNum(file, offset, count) != 1) {
         return false;
@@ -209,7 +218,7 @@ bool Tiff::ReadDirectory(void* file, TiffIFDOffsetStruct& offset, TiffIFDEntrySt
     const auto allowed =
         static_cast<std::uint16_t>(std::min<std::uint64_t>(count.Num, m_Allowance.entries));
     m_Allowance.entries -= allowed;
-    RawEntries ahead(file, allowed);
+    RawEntries ahead(file, hooked ? 0 : allowed);
     for (std::uint16_t i = 0; i < allowed; ++i) {
         if (ahead.Take(entry)) {
             Normalise(entry, Order());
