@@ -220,6 +220,22 @@ TEST(TagAccess, ACountThatCannotBeLeavesMoreElementsThanTheBlock) {
     }
 }
 
+/// Counts of entries whose values no record took.
+TEST(TagAccess, EmptyingWhatHoldsNothingChangesItsCount) {
+    ReadTiff<> read(Build({.directories = {{{Word(258, TIFF_SHORT, 0x7FFFFFFF, 0),
+                                             Word(273, TIFF_RATIONAL, 7, 0)}}}}));
+    for (const auto& [tag, left] : {std::pair{258, 0x7FFFFFFF}, {273, 7}}) {
+        const auto number = static_cast<std::uint16_t>(tag);
+        std::int32_t count = 0;
+        read.tiff.setTAG(number, AddressOf("none"), 0, 0);
+        read.tiff.getTAG(number, nullptr, count, 0);
+        EXPECT_EQ(count, left) << tag;
+        read.tiff.setTAG(number, AddressOf("none"), -1, 0);
+        read.tiff.getTAG(number, nullptr, count, 0);
+        EXPECT_EQ(count, 0) << tag << ": a count that cannot be empties the field";
+    }
+}
+
 TEST(TagAccess, ATextLosesItsEndOrTakesTooMuch) {
     using Given = std::vector<char>;
     const std::tuple<Given, std::int32_t, const char*> cases[] = {

@@ -59,6 +59,27 @@ std::vector<Entry> OtherEntries(Order order) {
             Text(33448, "without FileTag")};
 }
 
+TEST_F(Copy, PixelsThatWereReplacedSinceAreNotCopied) {
+    for (const bool isOtherProcess : {false, true}) {
+        Put("in.tif", Gray({}));
+        const Bytes pixels(100, '\x55');
+        const auto replace = [&](TiffCopy&) {
+            if (isOtherProcess) {
+                std::fstream(Path("in.tif"), std::ios::in | std::ios::out | std::ios::binary)
+                        .seekp(8)
+                    << pixels;
+                return;
+            }
+            void* other = FILE_open(Path("in.tif").c_str(), 1, nullptr);
+            FILE_lseek(other, 8, 0);
+            FILE_write(other, pixels.data(), static_cast<LONG>(pixels.size()));
+            FILE_close(other);
+        };
+        ASSERT_EQ(CopyTo("out.tif", TIFF_INTEL, replace).outcome, Outcome::Done);
+        EXPECT_TRUE(FileContents(Path("out.tif")).substr(8, 100) == pixels) << isOtherProcess;
+    }
+}
+
 TEST_F(Copy, AnEntryThatNoRecordHoldsIsLostOrTurnedWrongly) {
     for (const Order order : kOrders) {
         const Bytes source = Gray(OtherEntries(order), order);

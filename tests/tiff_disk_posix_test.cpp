@@ -47,6 +47,33 @@ TEST(WriteNew, AFullDiskIsReportedAtTheWrongPlace) {
     }
 }
 
+/// The last size that fits is begun, which a limit on files then ends; one more byte of pixels or
+/// of a long value is refused.
+TEST(WriteNew, TheLargestFileIsRefusedOrALargerOneBegun) {
+    // Header 8, six entries 78, four zeros 4; a seventh entry 12, and its text.
+    constexpr std::uint32_t kLargest = 0x7FFFFFFF - 8 - 78 - 4;
+    const TemporaryFile file("precious");
+    const auto write = [&](std::uint32_t width, const char* text) {
+        Tiff tiff;
+        SetImage(tiff, width, 1, 8);
+        if (text != nullptr) {
+            SetText(tiff, 305, text);
+        }
+        return WithFileLimit(8, [&] { return tiff.WriteNew(file.Name(), TIFF_INTEL); });
+    };
+    EXPECT_EQ(write(kLargest + 1, nullptr), -1);
+    EXPECT_EQ(write(kLargest - 12 - 4, "abcd"), -1);
+    EXPECT_EQ(file.Contents(), "precious");
+    EXPECT_EQ(write(kLargest, nullptr), -3);
+    EXPECT_EQ(write(kLargest - 12 - 5, "abcd"), -3);
+    EXPECT_EQ(write(kLargest - 12, "abc"), -3) << "a short text stands in its entry";
+    Tiff tiff;
+    tiff.ReAllocStdTiff();
+    SetImage(tiff, 0x40000000, 1, 8, 0);
+    SetImage(tiff, 0x40000000, 1, 8, 1);
+    EXPECT_EQ(WithFileLimit(8, [&] { return tiff.WriteNew(file.Name(), TIFF_INTEL); }), -1);
+}
+
 TEST(WriteNew, AFullDeviceGoesUnnoticed) {
     ReadTiff<> read(SmallFile());
     EXPECT_EQ(read.tiff.WriteNew("/dev/full", platen::kIntel), -3);

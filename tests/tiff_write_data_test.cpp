@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "tests/tiff_writing.h"
 
 namespace {
@@ -160,14 +162,30 @@ TEST(WriteCopy, AnImageThatEndsBeyondItsFileChangesTheLayout) {
         << "without a source the areas are zero";
 }
 
-/// Sizes that no file has count as none, and none of them lets a position wrap.
-TEST(WriteNew, AnImpossibleSizeReservesOrWritesSomething) {
-    // clang-format off
+/// A larger window of the source is at hand when its pixels change.
+TEST(WriteCopy, PixelsThatWereReplacedSinceAreNotCopied) {
+    const Layout image = {200, 100, 1, 8};
+    const Bytes source = Build(
+        {.data = Pattern(image.Size()), .directories = {{EntriesOf(image, Longs(273, {8}))}}});
+    for (const bool isOtherProcess : {false, true}) {
+        ReadTiff<> read(source);
+        const Bytes pixels = Pattern(image.Size(), 77);
+        if (isOtherProcess) {
+            read.file.Overwrite(8, pixels);
+        } else {
+            void* other = FILE_open(read.file.Name(), 1, nullptr);
+            FILE_lseek(other, 8, 0);
+            FILE_write(other, pixels.data(), static_cast<LONG>(pixels.size()));
+            FILE_close(other);
+        }
+        EXPECT_TRUE(CopyOf(read.tiff, TIFF_INTEL).substr(8, image.Size()) == pixels)
+            << isOtherProcess;
+    }
+}
+
+TEST(WriteNew, ASizeThatIsNotPositiveReservesOrWritesSomething) {
     const Layout cases[] = {
-        {0xFFFFFFFF, 10, 1, 8}, {10, 0x80000000, 1, 8}, {0x7FFFFFFF, 1, 1, 8},
-        {0x10000, 0x10000, 1, 8}, {0x7FFFFFFF, 0x7FFFFFFF, 65535, 65535}, {0, 10, 1, 8},
-        {10, 10, 1, 0}};
-    // clang-format on
+        {0xFFFFFFFF, 10, 1, 8}, {10, 0x80000000, 1, 8}, {0, 10, 1, 8}, {10, 10, 1, 0}};
     for (const Layout& c : cases) {
         Tiff tiff;
         SetImage(tiff, c.width, c.length, c.bits);
@@ -196,6 +214,46 @@ TEST(WriteInto, AnOpenFileGetsOtherBytesOrIsClosed) {
         EXPECT_EQ(FILE_lseek(file, 0, 2), static_cast<LONG>(named.Contents().size()));
         FILE_close(file);
         EXPECT_EQ(Shown(open.Contents()), Shown(named.Contents()));
+    }
+}
+
+TEST(WriteNew, AFileBeyondTwoGibibytesIsBegun) {
+    // clang-format off
+    const std::vector<Layout> cases[] = {
+        {{50000, 50000, 1, 8}}, {{0x7FFFFFFF, 1, 1, 8}}, {{0x10000, 0x10000, 1, 8}},
+        {{0x7FFFFFFF, 0x7FFFFFFF, 65535, 65535}},
+        std::vector<Layout>(3, {0x7FFFFFFF, 0x7FFFFFFF, 65535, 65535})};
+    // clang-format on
+    for (const auto& images : cases) {
+        ReadTiff<OpenTiff> read(SmallFile());
+        for (short dir = 0; const Layout& image : images) {
+            if (dir > 0) {
+                read.tiff.ReAllocStdTiff();
+            }
+            SetImage(read.tiff, image.width, image.length, image.bits, dir);
+            SetNumber(read.tiff, 277, image.samples, dir++);
+        }
+        const TemporaryFile old("precious");
+        const std::string fresh = old.Path() + ".new";
+        for (const char* name : {old.Name(), fresh.c_str()}) {
+            EXPECT_EQ(read.tiff.WriteNew(name, TIFF_INTEL), -1);
+            EXPECT_EQ(read.tiff.Status(), 0);
+            EXPECT_EQ(read.tiff.WriteCopy(name, TIFF_MOTOROLA), -1);
+            EXPECT_EQ(read.tiff.Status(), 0);
+        }
+        EXPECT_EQ(old.Contents(), "precious");
+        EXPECT_FALSE(std::filesystem::exists(fresh));
+        EXPECT_EQ(read.Record().WriteIFDOffset, 0U) << "the records are laid out";
+        EXPECT_EQ(read.Record().StripOffsetsLong[0], 0U);
+
+        // Step by step, the step that needs the positions fails, and no data is begun.
+        void* handle = FILE_open(old.Name(), 2, nullptr);
+        read.tiff.WriteSetupStructs();
+        EXPECT_EQ(read.tiff.WriteDATA(handle), 1);
+        EXPECT_EQ(read.tiff.WriteDATA(handle, TIFF_INTEL), 1);
+        EXPECT_LT(FILE_lseek(handle, 0, 2), 100);
+        EXPECT_EQ(read.tiff.WriteFullIFD(handle, TIFF_INTEL), -3);
+        FILE_close(handle);
     }
 }
 

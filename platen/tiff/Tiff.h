@@ -183,7 +183,8 @@ class PLATEN_API Tiff : public CObject {
     /// Replaces a tag's value by a copy. `value` is a single number itself, otherwise the address
     /// of `count` values in the caller's memory (17 for ColorTable, two for PageNumber, the group's
     /// fractions for WhitePoint and PrimaryChromaticities). Count 0 empties an array or a text, and
-    /// so does one that is negative or does not fit in memory.
+    /// so does one that is negative or does not fit in memory. Count 0 leaves the count of an array
+    /// that is not held.
     void setTAG(std::uint16_t tag, std::intptr_t value, std::int32_t count, short dir);
     /// @}
 
@@ -195,11 +196,12 @@ class PLATEN_API Tiff : public CObject {
     /// the last one's remains: compare the file when it matters, or use TiffCopy.
     /// @{
     /// Writes a file whose image data is zero. The status, or -1 (status 0) when the file could not
-    /// be created.
+    /// be created. Refused in the same way, and nothing is touched, when the file would be larger
+    /// than 2 GiB - 1.
     long WriteNew(const char* name, short format);
     /// Writes a file with the image data of the file read last, which must still be open: one block
-    /// a directory from its first strip on, 16-bit pixels taken as little-endian. Refused with -1
-    /// (status 0), and nothing is touched, when `name` is the file being read.
+    /// a directory from its first strip on, 16-bit pixels taken as little-endian. Refused as by
+    /// WriteNew, and also when `name` is the file being read.
     long WriteCopy(const char* name, short format);
     /// The same, into a file that is empty and open for reading and writing, and stays so; it is
     /// not the one that was read. The status.
@@ -298,6 +300,7 @@ class PLATEN_API Tiff : public CObject {
     std::uint8_t* FetchBlock(void* file, const TiffIFDEntryStruct& entry, std::uint32_t elementSize,
                              std::uint32_t extra = 0);
 
+    [[nodiscard]] bool LayoutFits() const;
     template <typename DataWriter>
     long WriteFile(const char* name, short format, DataWriter writeData);
     template <typename DataWriter>
@@ -306,6 +309,10 @@ class PLATEN_API Tiff : public CObject {
     void ForEachWritten(Visit visit) const;
     template <typename Visit>
     void ForEachDataArea(Visit visit) const;
+    template <typename EntriesOf>
+    long WriteBlank(void* file, short format, EntriesOf entriesOf);
+    template <typename Visit>
+    void WalkDirectory(short dir, Visit visit) const;
     long WriteWord(void* file, const void* bytes, std::int32_t size);
     std::int32_t WriteChained(void* file, platen::tiff::EntryWriter& writer, std::uint16_t order,
                               short dir);

@@ -65,8 +65,8 @@ struct Getter {
   private:
     template <typename T>
     std::int32_t Give(const T* values, std::size_t count) const {
-        if (out != nullptr) {
-            std::memcpy(out, values, count * sizeof(T));
+        if (out != nullptr) {  // which may lie in the record
+            std::memmove(out, values, count * sizeof(T));
         }
         return static_cast<std::int32_t>(count);
     }
@@ -123,20 +123,21 @@ struct Setter {
         record.*field.text = text;
     }
 
-    /// An empty field has the count 0, whatever count a rejected entry left behind.
     void operator()(const WordArrayField& field) const {
+        const bool held = record.*field.values != nullptr;
         auto* values = NewArray<std::uint16_t>();
         ReleaseBlock(record.*field.values);
         record.*field.values = values;
-        record.*field.count = values == nullptr ? 0 : static_cast<std::uint32_t>(count);
+        StoreCount(record.*field.count, held, values != nullptr);
     }
 
     void operator()(const OffsetArrayField& field) const {
+        const bool held = record.*field.shorts != nullptr || record.*field.longs != nullptr;
         auto* values = NewArray<std::uint32_t>();
         ReleaseBlock(record.*field.shorts);
         ReleaseBlock(record.*field.longs);
         record.*field.longs = values;
-        record.*field.count = values == nullptr ? 0 : static_cast<std::uint32_t>(count);
+        StoreCount(record.*field.count, held, values != nullptr);
     }
 
     void operator()(const BlockSlot& /*field*/) const {}
@@ -147,6 +148,14 @@ struct Setter {
     void Take(T* values, std::size_t number) const {
         if (value != 0) {
             std::memmove(values, reinterpret_cast<const void*>(value), number * sizeof(T));
+        }
+    }
+
+    /// An empty field has the count 0. Emptying one that held no block leaves the count that an
+    /// entry of another type left behind.
+    void StoreCount(std::uint32_t& stored, bool held, bool holds) const {
+        if (holds || held || count != 0) {
+            stored = holds ? static_cast<std::uint32_t>(count) : 0;
         }
     }
 

@@ -24,7 +24,6 @@ constexpr std::uint16_t kStripOffsets = 273;
 constexpr std::uint16_t kRowsPerStrip = 278;
 constexpr std::uint16_t kStripByteCounts = 279;
 constexpr std::uint16_t kPointerType = 13;
-constexpr std::int64_t kLargestFile = INT32_MAX;
 constexpr std::size_t kChunk = std::size_t{240} * 1024;  ///< whole samples of every size
 /// What a file's parts may take in a copy, by the file's own size: more than any without parts that
 /// overlap, which TIFF 6.0 rules out (section 7, "No Duplicate Pointers").

@@ -37,7 +37,6 @@ struct Placement {
     std::size_t elementsEach = 1;  ///< elements a value is made of
 };
 
-/// A count of 0 or less gives an entry whose value bytes are zero.
 Placement PlacementOf(const EntryValue& value) {
     switch (value.type) {
         case kTypeAscii:
@@ -64,6 +63,12 @@ std::uint32_t NumberField(std::intptr_t value, std::size_t elementSize, std::uin
 
 }  // namespace
 
+std::int64_t BytesBehind(const EntryValue& value) {
+    const Placement placement = PlacementOf(value);
+    const auto each = static_cast<std::int64_t>(placement.elementsEach * placement.elementSize);
+    return placement.place == Place::Behind ? value.count * each : 0;
+}
+
 EncodedEntry EncodeEntry(const EntryValue& value, std::uint32_t offset, std::uint16_t order) {
     const Placement placement = PlacementOf(value);
     EncodedEntry encoded;
@@ -75,8 +80,9 @@ EncodedEntry EncodeEntry(const EntryValue& value, std::uint32_t offset, std::uin
     const std::size_t count = value.count > 0 ? static_cast<std::size_t>(value.count) : 0;
     switch (placement.place) {
         case Place::Number:
+            // Count 0 comes with the address of an array that holds nothing; that is no number.
             encoded.entry.ValueOffset =
-                value.count == 1 ? NumberField(value.value, placement.elementSize, order) : 0;
+                value.count != 0 ? NumberField(value.value, placement.elementSize, order) : 0;
             break;
         case Place::InEntry:
             if (count > 0) {

@@ -27,6 +27,9 @@ struct EncodedEntry {
     [[nodiscard]] std::size_t Bytes() const { return elements * elementSize; }
 };
 
+/// The bytes that an entry's values take behind it, 0 when they stand in it.
+std::int64_t BytesBehind(const EntryValue& value);
+
 /// Encodes an entry whose values, if they do not fit, will stand at `offset`. The bytes of the
 /// entry that its values leave free are zero.
 EncodedEntry EncodeEntry(const EntryValue& value, std::uint32_t offset, std::uint16_t order);

@@ -13,6 +13,9 @@ inline constexpr std::int32_t kCountSize = 2;   ///< a directory's number of ent
 inline constexpr std::int32_t kEntrySize = 12;  ///< one entry
 inline constexpr std::int32_t kLinkSize = 4;    ///< where the next directory stands, or 0
 
+/// Where a file ends at the latest: no position of a file handle leads further.
+inline constexpr std::int64_t kLargestFile = INT32_MAX;
+
 inline constexpr std::int32_t kTextInEntry = 4;  ///< characters that an entry holds itself
 
 /// What a directory of so many entries takes, without the values that stand elsewhere.

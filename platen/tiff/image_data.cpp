@@ -1,7 +1,8 @@
 #include <platen/tiff/image_data.h>
 
 #include <algorithm>
-#include <limits>
+
+#include <platen/tiff/file_layout.h>
 
 namespace platen::tiff {
 namespace {
@@ -17,12 +18,12 @@ std::int64_t BytesPerPixel(const TiffIFDStdDirStruct& record) {
     return SamplesOf(record) * bits / 8;
 }
 
-std::int64_t DataSize(const TiffIFDStdDirStruct& record, std::int64_t position) {
-    const std::int64_t room = std::numeric_limits<std::int32_t>::max() - position;
+std::int64_t DataSize(const TiffIFDStdDirStruct& record) {
+    constexpr std::int64_t kTooLarge = kLargestFile + 1;
     const std::int64_t width = std::max<std::int64_t>(record.ImageWidth, 0);
     const std::int64_t length = std::max<std::int64_t>(record.ImageLength, 0);
     const std::int64_t rowBytes = width * BytesPerPixel(record);
-    return rowBytes == 0 || length > room / rowBytes ? 0 : rowBytes * length;
+    return rowBytes != 0 && length > kTooLarge / rowBytes ? kTooLarge : rowBytes * length;
 }
 
 bool IsRelocated(const TiffIFDStdDirStruct& record) {

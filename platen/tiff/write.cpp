@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 
@@ -31,6 +33,12 @@ class StandardOutput : public platen::tiff::TextSink {
         std::fwrite(piece.data(), 1, piece.size(), stdout);
     }
 };
+
+/// A position as a record holds it. One that no offset names becomes the largest, which leads
+/// nowhere.
+std::uint32_t OffsetOf(std::int64_t position) {
+    return static_cast<std::uint32_t>(std::min<std::int64_t>(position, UINT32_MAX));
+}
 
 /// Writes directories of placeholders where the file stands.
 class BlankDirectories {
@@ -72,9 +80,29 @@ class BlankDirectories {
 
 }  // namespace
 
+/// Whether the whole file would end where file handles still have positions.
+bool Tiff::LayoutFits() const {
+    std::int64_t end = platen::tiff::kHeaderSize + platen::tiff::kLinkSize;
+    ForEachDataArea([&](short dir, std::int64_t /*start*/, std::int64_t size) {
+        std::size_t entries = 0;
+        WalkDirectory(
+            dir, [&](const platen::tiff::TagRow& /*row*/, const platen::tiff::EntryValue& value) {
+                ++entries;
+                end += platen::tiff::BytesBehind(value);
+            });
+        end += size + static_cast<std::int64_t>(platen::tiff::DirectorySize(entries));
+    });
+    return end <= platen::tiff::kLargestFile;
+}
+
 /// The steps run whatever the earlier ones reported; the last status is the answer.
 template <typename DataWriter>
 long Tiff::WriteFile(const char* name, short format, DataWriter writeData) {
+    if (!LayoutFits()) {
+        errno = EFBIG;
+        m_Status = 0;
+        return -1;
+    }
     void* file = FILE_creat(name, 0);
     if (file != FILE_none()) {
         FILE_close(file);
@@ -95,7 +123,7 @@ long Tiff::WriteWhole(void* file, short format, DataWriter writeData) {
     WriteHeader(file, format);
     Write1stOffset(file, format);
     writeData(file);
-    WriteBlankIFD(file, format);
+    WriteBlank(file, format, [this](short dir) { return m_StdDir[dir].WriteNumEntries; });
     WriteFullIFD(file, format);
     return m_Status;
 }
@@ -123,23 +151,22 @@ long Tiff::WriteCopy(const char* name, short format) {
 
 void Tiff::WriteSetupStructs() {
     std::int64_t position = platen::tiff::kHeaderSize;
-    ForEachDataArea([&](short dir, std::int64_t size) {
+    ForEachDataArea([&](short dir, std::int64_t start, std::int64_t size) {
         Record& record = m_StdDir[dir];
         if (platen::tiff::IsRelocated(record)) {
             record.ReadDataOffset = *record.StripOffsetsLong;
-            *record.StripOffsetsLong = static_cast<std::uint32_t>(position);
+            *record.StripOffsetsLong = OffsetOf(start);
         }
-        position += size;
+        position = start + size;
     });
-    std::uint32_t link = 4;
-    auto start = static_cast<std::uint32_t>(position);
+    std::int64_t link = 4;
     ForEachWritten([&](short dir) {
         Record& record = m_StdDir[dir];
         record.WriteNumEntries = static_cast<std::uint16_t>(WriteGetIFDNum(dir));
-        record.WriteLinkOffset = link;
-        record.WriteIFDOffset = start;
-        start += static_cast<std::uint32_t>(platen::tiff::DirectorySize(record.WriteNumEntries));
-        link = start - platen::tiff::kLinkSize;
+        record.WriteLinkOffset = OffsetOf(link);
+        record.WriteIFDOffset = OffsetOf(position);
+        position += static_cast<std::int64_t>(platen::tiff::DirectorySize(record.WriteNumEntries));
+        link = position - platen::tiff::kLinkSize;
         return true;
     });
 }
@@ -177,15 +204,20 @@ long Tiff::WriteUserData(short /*dir*/, void* /*data*/) {
 
 /// The placeholders of several directories, which lie back to back, go out in one write, and its
 /// outcome decides: a failed write leaves the bytes that single ones would have left.
-long Tiff::WriteBlankIFD(void* file, short format) {
+template <typename EntriesOf>
+long Tiff::WriteBlank(void* file, short format, EntriesOf entriesOf) {
     FILE_lseek(file, 0, 2);
     BlankDirectories blank(file, OrderOf(format));
     bool good = true;
     ForEachWritten([&](short dir) {
-        good = blank.Add(static_cast<std::size_t>(WriteGetIFDNum(dir)));
+        good = blank.Add(static_cast<std::size_t>(entriesOf(dir)));
         return good;
     });
     return good && blank.Flush() ? WriteBlankOffset(file, format) : Fail(-3);
+}
+
+long Tiff::WriteBlankIFD(void* file, short format) {
+    return WriteBlank(file, format, [this](short dir) { return WriteGetIFDNum(dir); });
 }
 
 long Tiff::WriteFullIFD(void* file, short format) {
@@ -207,20 +239,29 @@ std::int32_t Tiff::WriteChained(void* file, platen::tiff::EntryWriter& writer, s
     const std::uint32_t link = platen::tiff::SwapLONG(record.WriteIFDOffset, order);
     const bool together = record.WriteLinkOffset + platen::tiff::kLinkSize == record.WriteIFDOffset;
     if (!together) {
-        FILE_lseek(file, static_cast<LONG>(record.WriteLinkOffset), 0);
+        if (FILE_lseek(file, static_cast<LONG>(record.WriteLinkOffset), 0) < 0) {
+            return -3;
+        }
         if (WriteWord(file, &link, platen::tiff::kLinkSize) != 1 || record.WriteIFDOffset == 0) {
             return m_Status;
         }
     }
     writer.StartDirectory(record.WriteIFDOffset, together ? &link : nullptr);
-    const auto add = [&writer](const platen::tiff::TagRow& /*row*/,
-                               const platen::tiff::EntryValue& value) { writer.AddEntry(value); };
-    platen::tiff::WalkEntries(record, add);
+    WalkDirectory(
+        dir, [&writer](const platen::tiff::TagRow& /*row*/, const platen::tiff::EntryValue& value) {
+            writer.AddEntry(value);
+        });
+    return writer.FlushEntries() ? 1 : -3;
+}
+
+/// Visits the entries that stand in a directory: a record's own, and those of an old-form one.
+template <typename Visit>
+void Tiff::WalkDirectory(short dir, Visit visit) const {
+    platen::tiff::WalkEntries(m_StdDir[dir], visit);
     const short old = OldFormBehind(dir);
     if (old >= 0) {
-        platen::tiff::WalkEntries(m_StdDir[old], add);
+        platen::tiff::WalkEntries(m_StdDir[old], visit);
     }
-    return writer.FlushEntries() ? 1 : -3;
 }
 
 /// The old-form XK directory whose entries stand in directory 0 behind its own, or -1.

@@ -6,6 +6,7 @@
 #include <platen/base/memory.h>
 #include <platen/tiff/Tiff.h>
 #include <platen/tiff/entry_encoder.h>
+#include <platen/tiff/file_layout.h>
 #include <platen/tiff/image_data.h>
 #include <platen/tiff/write_walk.h>
 
@@ -78,6 +79,11 @@ void WriteArea(void* file, std::int64_t rowBytes, std::int64_t size, Fill fill) 
     }
 }
 
+/// Whether a file has room for a data area; one that does not fit is left out.
+bool HasRoom(std::int64_t start, std::int64_t size) {
+    return start + size <= kLargestFile;
+}
+
 /// Where a directory's image lies in the file that was read; -1 without strip offsets. A directory
 /// that the layout did not relocate still holds its own first strip offset.
 std::int64_t SourceOf(const TiffIFDStdDirStruct& record) {
@@ -97,13 +103,18 @@ std::int64_t RowBytes(const TiffIFDStdDirStruct& record) {
 }  // namespace
 }  // namespace platen::tiff
 
+using platen::tiff::HasRoom;
 using platen::tiff::RowBytes;
 using platen::tiff::WriteArea;
 
 long Tiff::WriteDATA(void* file, short format) {
     m_Status = 1;
     FILE_lseek(file, 0, 2);
-    ForEachDataArea([&](short dir, std::int64_t size) {
+    FILE_lseek(m_hFile, 0, 2);  // what others wrote is seen from here on
+    ForEachDataArea([&](short dir, std::int64_t start, std::int64_t size) {
+        if (!HasRoom(start, size)) {
+            return;
+        }
         const TiffIFDStdDirStruct& record = m_StdDir[dir];
         const bool swapped =
             format == platen::kMotorola && platen::tiff::BytesPerPixel(record) == 2;
@@ -127,7 +138,9 @@ long Tiff::WriteDATA(void* file) {
     m_Status = 1;
     FILE_lseek(file, 0, 2);
     std::int64_t total = 0;
-    ForEachDataArea([&total](short /*dir*/, std::int64_t size) { total += size; });
+    ForEachDataArea([&total](short /*dir*/, std::int64_t start, std::int64_t size) {
+        total += HasRoom(start, size) ? size : 0;
+    });
     WriteArea(file, platen::tiff::kLargestChunk, total, [](std::uint8_t*, LONG) {});
     return m_Status;
 }

@@ -23,13 +23,14 @@ void Tiff::ForEachWritten(Visit visit) const {
     }
 }
 
-/// `visit(dir, size)` is handed the bytes of each directory's data area, which lie back to back.
+/// `visit(dir, start, size)` is handed where each directory's data area starts, and its bytes: the
+/// areas lie back to back, whether a file has room for them or not.
 template <typename Visit>
 void Tiff::ForEachDataArea(Visit visit) const {
     std::int64_t position = platen::tiff::kHeaderSize;
     ForEachWritten([&](short dir) {
-        const std::int64_t size = platen::tiff::DataSize(m_StdDir[dir], position);
-        visit(dir, size);
+        const std::int64_t size = platen::tiff::DataSize(m_StdDir[dir]);
+        visit(dir, position, size);
         position += size;
         return true;
     });
