@@ -75,7 +75,7 @@ TEST_F(Copy, PixelsThatWereReplacedSinceAreNotCopied) {
             FILE_write(other, pixels.data(), static_cast<LONG>(pixels.size()));
             FILE_close(other);
         };
-        ASSERT_EQ(CopyTo("out.tif", TIFF_INTEL, replace).outcome, Outcome::Done);
+        ASSERT_EQ(CopyTo("out.tif", platen::kIntel, replace).outcome, Outcome::Done);
         EXPECT_TRUE(FileContents(Path("out.tif")).substr(8, 100) == pixels) << isOtherProcess;
     }
 }

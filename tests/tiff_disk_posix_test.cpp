@@ -59,7 +59,7 @@ TEST(WriteNew, TheLargestFileIsRefusedOrALargerOneBegun) {
         if (text != nullptr) {
             SetText(tiff, 305, text);
         }
-        return WithFileLimit(8, [&] { return tiff.WriteNew(file.Name(), TIFF_INTEL); });
+        return WithFileLimit(8, [&] { return tiff.WriteNew(file.Name(), platen::kIntel); });
     };
     EXPECT_EQ(write(kLargest + 1, nullptr), -1);
     EXPECT_EQ(write(kLargest - 12 - 4, "abcd"), -1);
@@ -71,7 +71,7 @@ TEST(WriteNew, TheLargestFileIsRefusedOrALargerOneBegun) {
     tiff.ReAllocStdTiff();
     SetImage(tiff, 0x40000000, 1, 8, 0);
     SetImage(tiff, 0x40000000, 1, 8, 1);
-    EXPECT_EQ(WithFileLimit(8, [&] { return tiff.WriteNew(file.Name(), TIFF_INTEL); }), -1);
+    EXPECT_EQ(WithFileLimit(8, [&] { return tiff.WriteNew(file.Name(), platen::kIntel); }), -1);
 }
 
 TEST(WriteNew, AFullDeviceGoesUnnoticed) {

@@ -260,14 +260,14 @@ TEST(Blocks, ABlockIsHeldAgainstAnotherFile) {
     ASSERT_NE(block, nullptr);
     EXPECT_TRUE(Bytes(block, block + kBytes) == Bytes(300000, 'b') + Bytes(100000, '\0'));
     read.tiff.DeleteBLOCK(block);
-    auto* words = read.tiff.GetWORDArray(handle, {258, TIFF_SHORT, 150000, 0});
+    auto* words = read.tiff.GetWORDArray(handle, {258, platen::kTypeShort, 150000, 0});
     ASSERT_NE(words, nullptr);
     EXPECT_EQ(words[149999], 0x6262);
     read.tiff.DeleteBLOCK(reinterpret_cast<std::uint8_t*>(words));
-    EXPECT_EQ(read.tiff.GetWORDArray(handle, {258, TIFF_SHORT, 0x30000000, 0}), nullptr)
+    EXPECT_EQ(read.tiff.GetWORDArray(handle, {258, platen::kTypeShort, 0x30000000, 0}), nullptr)
         << "an entry has memory taken that no file has values for";
     FILE_close(handle);
-    EXPECT_EQ(Tiff().GetLONGArray(read.handle, {273, TIFF_LONG, 0x10000000, 0}), nullptr);
+    EXPECT_EQ(Tiff().GetLONGArray(read.handle, {273, platen::kTypeLong, 0x10000000, 0}), nullptr);
 }
 
 TEST(Blocks, ARawBlockMovesTheFileOrReadsBeyondIt) {

@@ -178,7 +178,7 @@ TEST(WriteCopy, PixelsThatWereReplacedSinceAreNotCopied) {
             FILE_write(other, pixels.data(), static_cast<LONG>(pixels.size()));
             FILE_close(other);
         }
-        EXPECT_TRUE(CopyOf(read.tiff, TIFF_INTEL).substr(8, image.Size()) == pixels)
+        EXPECT_TRUE(CopyOf(read.tiff, platen::kIntel).substr(8, image.Size()) == pixels)
             << isOtherProcess;
     }
 }
@@ -236,11 +236,15 @@ TEST(WriteNew, AFileBeyondTwoGibibytesIsBegun) {
         const TemporaryFile old("precious");
         const std::string fresh = old.Path() + ".new";
         for (const char* name : {old.Name(), fresh.c_str()}) {
-            EXPECT_EQ(read.tiff.WriteNew(name, TIFF_INTEL), -1);
+            EXPECT_EQ(read.tiff.WriteNew(name, platen::kIntel), -1);
             EXPECT_EQ(read.tiff.Status(), 0);
-            EXPECT_EQ(read.tiff.WriteCopy(name, TIFF_MOTOROLA), -1);
+            EXPECT_EQ(read.tiff.WriteCopy(name, platen::kMotorola), -1);
             EXPECT_EQ(read.tiff.Status(), 0);
         }
+        void* open = FILE_open(old.Name(), 2, nullptr);
+        EXPECT_EQ(read.tiff.WriteNewInto(open, platen::kIntel), -1);
+        EXPECT_EQ(read.tiff.WriteCopyInto(open, platen::kIntel), -1);
+        FILE_close(open);
         EXPECT_EQ(old.Contents(), "precious");
         EXPECT_FALSE(std::filesystem::exists(fresh));
         EXPECT_EQ(read.Record().WriteIFDOffset, 0U) << "the records are laid out";
@@ -250,9 +254,9 @@ TEST(WriteNew, AFileBeyondTwoGibibytesIsBegun) {
         void* handle = FILE_open(old.Name(), 2, nullptr);
         read.tiff.WriteSetupStructs();
         EXPECT_EQ(read.tiff.WriteDATA(handle), 1);
-        EXPECT_EQ(read.tiff.WriteDATA(handle, TIFF_INTEL), 1);
+        EXPECT_EQ(read.tiff.WriteDATA(handle, platen::kIntel), 1);
         EXPECT_LT(FILE_lseek(handle, 0, 2), 100);
-        EXPECT_EQ(read.tiff.WriteFullIFD(handle, TIFF_INTEL), -3);
+        EXPECT_EQ(read.tiff.WriteFullIFD(handle, platen::kIntel), -3);
         FILE_close(handle);
     }
 }

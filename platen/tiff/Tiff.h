@@ -301,6 +301,7 @@ class PLATEN_API Tiff : public CObject {
                              std::uint32_t extra = 0);
 
     [[nodiscard]] bool LayoutFits() const;
+    long RefuseLayout();
     template <typename DataWriter>
     long WriteFile(const char* name, short format, DataWriter writeData);
     template <typename DataWriter>

@@ -95,13 +95,17 @@ bool Tiff::LayoutFits() const {
     return end <= platen::tiff::kLargestFile;
 }
 
+long Tiff::RefuseLayout() {
+    errno = EFBIG;
+    m_Status = 0;
+    return -1;
+}
+
 /// The steps run whatever the earlier ones reported; the last status is the answer.
 template <typename DataWriter>
 long Tiff::WriteFile(const char* name, short format, DataWriter writeData) {
     if (!LayoutFits()) {
-        errno = EFBIG;
-        m_Status = 0;
-        return -1;
+        return RefuseLayout();
     }
     void* file = FILE_creat(name, 0);
     if (file != FILE_none()) {
@@ -133,11 +137,14 @@ long Tiff::WriteNew(const char* name, short format) {
 }
 
 long Tiff::WriteNewInto(void* file, short format) {
-    return WriteWhole(file, format, [this](void* to) { WriteDATA(to); });
+    return LayoutFits() ? WriteWhole(file, format, [this](void* to) { WriteDATA(to); })
+                        : RefuseLayout();
 }
 
 long Tiff::WriteCopyInto(void* file, short format) {
-    return WriteWhole(file, format, [this, format](void* to) { WriteDATA(to, format); });
+    return LayoutFits()
+               ? WriteWhole(file, format, [this, format](void* to) { WriteDATA(to, format); })
+               : RefuseLayout();
 }
 
 long Tiff::WriteCopy(const char* name, short format) {
