@@ -223,7 +223,7 @@ TEST(TagAccess, ACountThatCannotBeLeavesMoreElementsThanTheBlock) {
 /// Counts of entries whose values no record took.
 TEST(TagAccess, EmptyingWhatHoldsNothingChangesItsCount) {
     ReadTiff<> read(Build({.directories = {{{Word(258, platen::kTypeShort, 0x7FFFFFFF, 0),
-                                             Word(273, TIFF_RATIONAL, 7, 0)}}}}));
+                                             Word(273, platen::kTypeRational, 7, 0)}}}}));
     for (const auto& [tag, left] : {std::pair{258, 0x7FFFFFFF}, {273, 7}}) {
         const auto number = static_cast<std::uint16_t>(tag);
         std::int32_t count = 0;
